@@ -1,0 +1,75 @@
+#include "loader/channel.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace halyard::loader {
+
+namespace {
+
+constexpr DWORD StartTimeout = 20000;   // ms until a starting instance must have its window
+constexpr DWORD AnswerTimeout = 20000;  // ms
+constexpr DWORD ReplyTimeout = 2000;    // ms
+constexpr DWORD PollPeriod = 50;        // ms
+
+std::string* waitingAnswer = nullptr;
+
+LRESULT CALLBACK ReplyWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message != WM_COPYDATA) return DefWindowProcA(window, message, wParam, lParam);
+    const auto* data = reinterpret_cast<const COPYDATASTRUCT*>(lParam);
+    if (!data || data->dwData != ReplyTag || !waitingAnswer) return FALSE;
+    waitingAnswer->assign(static_cast<const char*>(data->lpData), data->cbData);
+    return TRUE;
+}
+
+HWND MakeReplyWindow() noexcept {
+    WNDCLASSA windowClass = {};
+    windowClass.lpfnWndProc = ReplyWndProc;
+    windowClass.hInstance = GetModuleHandleA(nullptr);
+    windowClass.lpszClassName = "TevralHalyardLoaderReplyWndClass";
+    RegisterClassA(&windowClass);
+    return CreateWindowA(windowClass.lpszClassName, nullptr, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
+                         windowClass.hInstance, nullptr);
+}
+
+}  // namespace
+
+HWND FindResident() noexcept {
+    for (DWORD waited = 0; waited < StartTimeout; waited += PollPeriod) {
+        if (HWND resident = FindWindowA(ResidentClass, nullptr)) return resident;
+        Sleep(PollPeriod);
+    }
+    return nullptr;
+}
+
+bool SendCommands(HWND resident, const CommandLine& line, std::string& answer) {
+    HWND reply = MakeReplyWindow();
+    Request request = {};
+    request.replyWindow = static_cast<DWORD>(reinterpret_cast<ULONG_PTR>(reply));
+    request.count = static_cast<DWORD>(line.count);
+    std::copy_n(line.commands, line.count, request.commands);
+    COPYDATASTRUCT data = {RequestTag, sizeof(request), &request};
+    DWORD_PTR result = 0;
+    waitingAnswer = &answer;
+    const bool sent = SendMessageTimeoutA(resident, WM_COPYDATA, reinterpret_cast<WPARAM>(reply),
+                                          reinterpret_cast<LPARAM>(&data), SMTO_NORMAL, AnswerTimeout, &result) != 0;
+    waitingAnswer = nullptr;
+    DestroyWindow(reply);
+    return sent && result != 0;
+}
+
+bool ReadRequest(const COPYDATASTRUCT& data, Request& request) noexcept {
+    if (data.dwData != RequestTag || data.cbData != sizeof(request)) return false;
+    std::memcpy(&request, data.lpData, sizeof(request));
+    return request.count <= MaxCommands;
+}
+
+void SendReply(const Request& request, const std::string& text) {
+    COPYDATASTRUCT data = {ReplyTag, static_cast<DWORD>(text.size()), const_cast<char*>(text.data())};
+    HWND reply = reinterpret_cast<HWND>(static_cast<LONG_PTR>(static_cast<LONG>(request.replyWindow)));
+    DWORD_PTR result = 0;
+    SendMessageTimeoutA(reply, WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&data), SMTO_ABORTIFHUNG, ReplyTimeout,
+                        &result);
+}
+
+}  // namespace halyard::loader

@@ -1,0 +1,37 @@
+// What the user asks of the loader on its command line.
+#pragma once
+
+#include <cstddef>
+
+namespace halyard::loader {
+
+enum class Action { Status, Enable, Disable, Switch, Config, Quit };
+
+struct Command {
+    Action action;
+    unsigned argument;  // Switch: desktop id; Config: page, counted from 0
+};
+
+inline constexpr std::size_t MaxCommands = 16;
+
+struct CommandLine {
+    bool good = true;
+    std::size_t count = 0;
+    Command commands[MaxCommands] = {};
+};
+
+// Reads the arguments behind the program's name. `good` is false for a switch that doesn't exist, a number that isn't
+// one, or more than 16 commands.
+CommandLine ParseCommandLine(int count, const char* const* arguments) noexcept;
+
+inline constexpr char UsageText[] =
+    "usage: tvlhload [switch ...]\n"
+    "Without a switch: starts Halyard and stays resident. With Halyard running, hands the switches to it.\n"
+    "  --status         what is on, the current desktop, the desktops and how many windows each has\n"
+    "  --enable         turns the system on\n"
+    "  --disable        turns it off; every window comes back\n"
+    "  --switch ID      makes the desktop with that number current\n"
+    "  --config [PAGE]  opens the settings, on a page counted from 0\n"
+    "  --quit           ends Halyard\n";
+
+}  // namespace halyard::loader

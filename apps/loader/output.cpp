@@ -1,0 +1,29 @@
+#include "loader/output.h"
+
+#include <windows.h>
+
+namespace halyard::loader {
+
+namespace {
+
+void Write(DWORD stream, const std::string& text) {
+    if (text.empty()) return;
+    HANDLE out = GetStdHandle(stream);
+    // A program without a console of its own has no streams unless somebody redirected them.
+    if ((!out || out == INVALID_HANDLE_VALUE) && AttachConsole(ATTACH_PARENT_PROCESS)) out = GetStdHandle(stream);
+    DWORD written = 0;
+    if (out && out != INVALID_HANDLE_VALUE)
+        WriteFile(out, text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
+}
+
+}  // namespace
+
+void Print(const std::string& text) {
+    Write(STD_OUTPUT_HANDLE, text);
+}
+
+void PrintError(const std::string& text) {
+    Write(STD_ERROR_HANDLE, text);
+}
+
+}  // namespace halyard::loader

@@ -1,0 +1,116 @@
+#include "loader/resident.h"
+
+#include "loader/channel.h"
+#include "loader/output.h"
+#include "loader/status.h"
+
+namespace halyard::loader {
+
+namespace {
+
+// For the window procedure and the console's handler, which get no context.
+const Library* boundLibrary = nullptr;
+HWND residentWindow = nullptr;
+HANDLE endedEvent = nullptr;
+bool serverRunning = false;
+
+constexpr DWORD EndTimeout = 5000;  // ms that the console's close waits for the server's end
+
+void EndServer() noexcept {
+    if (!serverRunning) return;
+    serverRunning = false;
+    boundLibrary->serverUninit();
+}
+
+std::string Carry(const Command& command) {
+    switch (command.action) {
+    case Action::Status: return StatusText(*boundLibrary);
+    case Action::Enable: boundLibrary->enable(); break;
+    case Action::Disable: boundLibrary->disable(); break;
+    case Action::Switch:
+        if (!boundLibrary->setActiveDesktop(command.argument)) return "Halyard is turned off: no switch\n";
+        break;
+    case Action::Config: boundLibrary->doConfigDlg(static_cast<int>(command.argument)); break;
+    case Action::Quit: PostMessageA(residentWindow, WM_CLOSE, 0, 0); break;
+    }
+    return {};
+}
+
+std::string CarryAll(const Command* commands, std::size_t count) {
+    std::string text;
+    for (std::size_t index = 0; index < count; ++index)
+        text += Carry(commands[index]);
+    return text;
+}
+
+LRESULT OnCopyData(const COPYDATASTRUCT* data) {
+    Request request;
+    if (!data || !ReadRequest(*data, request)) return FALSE;
+    SendReply(request, CarryAll(request.commands, request.count));
+    return TRUE;
+}
+
+// Once this has answered the process may be ended at any moment.
+LRESULT OnEndSession(bool ending) noexcept {
+    if (ending) EndServer();
+    return 0;
+}
+
+LRESULT OnDestroy() noexcept {
+    EndServer();
+    PostQuitMessage(0);
+    return 0;
+}
+
+LRESULT CALLBACK ResidentWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_COPYDATA: return OnCopyData(reinterpret_cast<const COPYDATASTRUCT*>(lParam));
+    case WM_ENDSESSION: return OnEndSession(wParam != 0);
+    case WM_DESTROY: return OnDestroy();
+    }
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
+// On a thread of the system's. The console's close ends the process when this returns.
+BOOL WINAPI OnConsoleEvent(DWORD) {
+    PostMessageA(residentWindow, WM_CLOSE, 0, 0);
+    WaitForSingleObject(endedEvent, EndTimeout);
+    return TRUE;
+}
+
+HWND MakeResidentWindow() noexcept {
+    WNDCLASSA windowClass = {};
+    windowClass.lpfnWndProc = ResidentWndProc;
+    windowClass.hInstance = GetModuleHandleA(nullptr);
+    windowClass.lpszClassName = ResidentClass;
+    RegisterClassA(&windowClass);
+    // A top-level window, never shown: the end of the session is told to those alone.
+    return CreateWindowA(ResidentClass, "Halyard", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr, windowClass.hInstance,
+                         nullptr);
+}
+
+}  // namespace
+
+int RunResident(const Library& library, const CommandLine& line) {
+    boundLibrary = &library;
+    endedEvent = CreateEventA(nullptr, TRUE, FALSE, nullptr);
+    serverRunning = true;
+    library.serverInit();
+    residentWindow = MakeResidentWindow();
+    if (!residentWindow) {
+        EndServer();
+        return 1;
+    }
+    SetConsoleCtrlHandler(OnConsoleEvent, TRUE);
+    Print(CarryAll(line.commands, line.count));
+    MSG message;
+    while (GetMessageA(&message, nullptr, 0, 0) > 0) {
+        TranslateMessage(&message);
+        DispatchMessageA(&message);
+    }
+    EndServer();
+    SetEvent(endedEvent);
+    return 0;
+}
+
+}  // namespace halyard::loader

@@ -1,0 +1,117 @@
+# The steps that chapters of the tour are made of. Each fails the tour, with what was seen, when what it asks for doesn't
+# come about. Needs $binaries, $pictures and $live.
+
+Patience=30 # seconds until something that was to happen must have
+
+# The windows of the tour: where they stand (so that none covers another), and their titles in the order of opening.
+declare -A placeOf
+titles=()
+pictureCount=0
+
+say() { printf '%s\n' "$*"; }
+
+fail() {
+    printf 'FAILED: %s\n' "$*" >&2
+    [ -n "$live" ] || import -window root "$pictures/failure.png" || true
+    exit 1
+}
+
+demo_window() { wine "$binaries/demo_window.exe" "$@" | tr -d '\r'; }
+loader() { wine "$binaries/tvlhload.exe" "$@" | tr -d '\r'; }
+
+# Runs a command again and again until it succeeds; false when it doesn't in time.
+eventually() {
+    local deadline=$((SECONDS + Patience))
+    until "$@"; do
+        ((SECONDS < deadline)) || return 1
+        sleep 0.2
+    done
+}
+
+# Paints the empty desktop in the background colour that the system has at each time: Wine leaves that to a shell. What
+# the colour was last is in the file $WINEPREFIX/background.
+paint_background() {
+    while wine "$binaries/background_colour.exe"; do :; done | while read -r colour; do
+        colour=${colour%$'\r'}
+        xsetroot -solid "#$colour"
+        echo "$colour" >"$WINEPREFIX/background"
+    done &
+    eventually test -s "$WINEPREFIX/background" || fail "the system didn't tell its background colour"
+}
+
+# open_window TITLE LEFT TOP WIDTH HEIGHT PROGRAM [ARGUMENT...]: starts a program and places its window.
+open_window() {
+    local title=$1 left=$2 top=$3 width=$4 height=$5
+    shift 5
+    wine "$@" >/dev/null 2>&1 &
+    demo_window place "$title" "$left" "$top" "$width" "$height" || fail "$* didn't open its window \"$title\""
+    placeOf[$title]=${width}x$height+$left+$top
+    titles+=("$title")
+}
+
+send_to_desktop() { demo_window send "$1" "$2" || fail "\"$1\" couldn't be sent to desktop $2"; }
+
+# expect_status LINE...: the lines that the loader's report must have.
+expect_status() {
+    local line
+    status_holds() {
+        report=$(loader --status) || return 1
+        for line in "$@"; do
+            grep -qxF -- "$line" <<<"$report" || return 1
+        done
+    }
+    eventually status_holds "$@" || fail "wanted of the status: $*"$'\n'"seen: $report"
+}
+
+# expect_windows TITLE...: the ones of the tour that must be shown; all the others must not.
+expect_windows() {
+    local wanted shown
+    wanted=$(printf '%s\n' "$@")
+    windows_are_right() {
+        shown=$(demo_window visible "${titles[@]}") || return 1
+        [ "$(sort <<<"$shown")" = "$(sort <<<"$wanted")" ]
+    }
+    eventually windows_are_right || fail "wanted these windows: ${wanted//$'\n'/, }; seen: ${shown//$'\n'/, }"
+}
+
+# The part of a picture where a window stands has its many colours when it is shown, and the background alone when not.
+# Leaves the number of colours and the first of them in $colours.
+part_is_right() {
+    local place=$2 shown=$3 colour=$4
+    colours=$(convert "$1" -crop "$place" +repage -depth 8 -format '%k %[hex:p{0,0}]' info:) || return 1
+    if [ -n "$shown" ]; then
+        [ "${colours% *}" -ge 8 ]
+    else
+        [ "$colours" = "1 $colour" ]
+    fi
+}
+
+# take_picture NAME COLOUR TITLE...: keeps a picture in which these windows, and no others of the tour, stand before the
+# background of that colour.
+take_picture() {
+    local name=$1 colour=$2 file title shown wrong colours
+    shift 2
+    pictureCount=$((pictureCount + 1))
+    file=$pictures/$(printf %02d "$pictureCount")-$name.png
+    picture_is_right() {
+        import -window root "$file" || return 1
+        # Nobody's own desktop is like ours.
+        [ -z "$live" ] || return 0
+        for title in "${titles[@]}"; do
+            wrong="the part of $title"
+            shown=$(printf '%s\n' "${windows[@]}" | grep -xF -- "$title")
+            part_is_right "$file" "${placeOf[$title]}" "$shown" "$colour" || return 1
+        done
+        wrong="all of it, which still changes"
+        # Programs paint in steps; a picture is worth keeping when the next one is like it but for a clock's hands.
+        import -window root "$pictures/next.png" || return 1
+        [ "$(compare -metric AE "$file" "$pictures/next.png" null: 2>&1)" -lt 500 ]
+    }
+    local windows=("$@")
+    expect_windows "${windows[@]}"
+    eventually picture_is_right ||
+        fail "wrong in the picture ${file##*/}: $wrong (colours and the first of them: $colours)"
+    rm -f "$pictures/next.png"
+    say "  ${file##*/}: $*"
+    [ -z "$live" ] || sleep 2
+}
