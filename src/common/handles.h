@@ -1,0 +1,100 @@
+// Owners of platform handles: move-only, closed when they go.
+#pragma once
+
+#include "common/win_types.h"
+
+#include <utility>
+
+namespace halyard {
+
+// `Traits` gives `Handle`, `Invalid()` and `Close(handle)`.
+template <typename Traits>
+class Owned {
+public:
+    using Handle = typename Traits::Handle;
+
+    Owned() noexcept = default;
+    explicit Owned(Handle raw) noexcept : handle(raw) {}
+    Owned(Owned&& other) noexcept : handle(other.Release()) {}
+    Owned& operator=(Owned&& other) noexcept {
+        if (this != &other) Reset(other.Release());
+        return *this;
+    }
+    ~Owned() { Reset(); }
+
+    Handle get() const noexcept { return handle; }
+    explicit operator bool() const noexcept { return handle != Traits::Invalid(); }
+
+    Handle Release() noexcept { return std::exchange(handle, Traits::Invalid()); }
+    void Reset(Handle raw = Traits::Invalid()) noexcept {
+        Handle old = std::exchange(handle, raw);
+        if (old != Traits::Invalid()) Traits::Close(old);
+    }
+
+private:
+    Handle handle = Traits::Invalid();
+};
+
+// A kernel object whose invalid value is null: mutex, event, process, thread.
+struct KernelHandleTraits {
+    using Handle = HANDLE;
+    static Handle Invalid() noexcept { return nullptr; }
+    static void Close(Handle handle) noexcept { CloseHandle(handle); }
+};
+using KernelHandle = Owned<KernelHandleTraits>;
+
+struct RegionTraits {
+    using Handle = HRGN;
+    static Handle Invalid() noexcept { return nullptr; }
+    static void Close(Handle handle) noexcept { DeleteObject(handle); }
+};
+using Region = Owned<RegionTraits>;
+
+struct LibraryTraits {
+    using Handle = HMODULE;
+    static Handle Invalid() noexcept { return nullptr; }
+    static void Close(Handle handle) noexcept { FreeLibrary(handle); }
+};
+using Library = Owned<LibraryTraits>;
+
+// The screen's device context.
+class ScreenDc {
+public:
+    ScreenDc() noexcept : dc(GetDC(nullptr)) {}
+    ScreenDc(const ScreenDc&) = delete;
+    ScreenDc& operator=(const ScreenDc&) = delete;
+    ~ScreenDc() {
+        if (dc) ReleaseDC(nullptr, dc);
+    }
+    HDC get() const noexcept { return dc; }
+
+private:
+    HDC dc;
+};
+
+// Holds a critical section for the length of a scope.
+class Guard {
+public:
+    explicit Guard(CRITICAL_SECTION& guarded) noexcept : section(guarded) { EnterCriticalSection(&section); }
+    Guard(const Guard&) = delete;
+    Guard& operator=(const Guard&) = delete;
+    ~Guard() { LeaveCriticalSection(&section); }
+
+private:
+    CRITICAL_SECTION& section;
+};
+
+// A critical section that lives as long as its owner.
+class Lock {
+public:
+    Lock() noexcept { InitializeCriticalSection(&section); }
+    Lock(const Lock&) = delete;
+    Lock& operator=(const Lock&) = delete;
+    ~Lock() { DeleteCriticalSection(&section); }
+    CRITICAL_SECTION& Section() noexcept { return section; }
+
+private:
+    CRITICAL_SECTION section;
+};
+
+}  // namespace halyard

@@ -1,0 +1,28 @@
+#include "common/wide_text_buffer.h"
+
+#include "common/win_types.h"
+
+#include <new>
+
+namespace halyard {
+
+WideTextBuffer::WideTextBuffer(const char* narrow) noexcept {
+    const int size = MultiByteToWideChar(GetACP(), 0, narrow, -1, nullptr, 0);
+    if (size <= 0) return;
+    chars = new (std::nothrow) wchar_t[static_cast<std::size_t>(size)]();
+    if (chars) MultiByteToWideChar(GetACP(), 0, narrow, -1, chars, size);
+}
+
+WideTextBuffer::~WideTextBuffer() {
+    delete[] chars;
+}
+
+TextBuffer Narrow(const wchar_t* wide) noexcept {
+    TextBuffer narrow;
+    const int size = WideCharToMultiByte(GetACP(), 0, wide, -1, nullptr, 0, nullptr, nullptr);
+    if (size > 0 && narrow.Reserve(static_cast<unsigned>(size) - 1))
+        WideCharToMultiByte(GetACP(), 0, wide, -1, narrow.Room(), size, nullptr, nullptr);
+    return narrow;
+}
+
+}  // namespace halyard

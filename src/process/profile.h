@@ -1,0 +1,76 @@
+// What a process that has mapped the library knows of itself: its module, its system, its program.
+#pragma once
+
+#include "common/win_types.h"
+#include "process/program_flags.h"
+
+namespace halyard {
+
+inline constexpr unsigned PathRoom = 261;  // characters, the closing zero included
+
+using EnumDisplayMonitorsFn = BOOL(WINAPI*)(HDC, const RECT*, MONITORENUMPROC, LPARAM);
+using GetMonitorInfoFn = BOOL(WINAPI*)(HMONITOR, MONITORINFO*);
+using MonitorFromWindowFn = HMONITOR(WINAPI*)(HWND, DWORD);
+using MonitorFromRectFn = HMONITOR(WINAPI*)(const RECT*, DWORD);
+
+// One per process. The numbers and entries of the first group are set before the load step, the others by it; after
+// that all are only read, but for `isServerProcess` and `hookEngineActive`, which are single bytes.
+struct Profile {
+    Profile() noexcept;
+
+    // Registered messages, the same number in every process.
+    UINT settingMessage;
+    UINT restartMessage;
+
+    // Entries that an old system may lack; null then.
+    EnumDisplayMonitorsFn enumDisplayMonitors;
+    GetMonitorInfoFn getMonitorInfo;
+    MonitorFromWindowFn monitorFromWindow;
+    MonitorFromRectFn monitorFromRect;
+
+    HINSTANCE moduleInstance = nullptr;  // of the library itself
+    bool isWindows2000 = false;          // version 5.0, and no other 5.x
+    bool isNtFamily = false;
+    ProgramFlags program;
+
+    // The platform's tracking of a pressed caption button goes on until the mouse button comes up, whoever has the
+    // mouse meanwhile: so on Wine. Elsewhere it ends when the mouse is taken away.
+    bool tracksButtonsWithoutCapture = false;
+
+    // The shell's windows; 0 in every other process, and in a shell that mapped the library before it made them.
+    HWND progmanWindow = nullptr;
+    HWND desktopViewWindow = nullptr;
+
+    UINT shellHookMessage = 0;
+    UINT taskbarCreatedMessage = 0;
+
+    bool isServerProcess = false;           // set once, by ServerInit
+    volatile bool hookEngineActive = true;  // both hook procedures only pass messages on while this is clear
+};
+
+extern Profile profile;
+
+// Full path of a module's file; null means the process's main module. Empty on failure.
+struct ModulePath {
+    explicit ModulePath(HMODULE module) noexcept;
+    char text[PathRoom];
+};
+
+// Note the system's version and ways, and the program: `isWindows2000`, `isNtFamily`, `tracksButtonsWithoutCapture`;
+// `program`.
+void ReadSystemVersion(Profile& target) noexcept;
+void ReadProgramFlags(Profile& target) noexcept;
+
+// Looks for the shell's desktop windows, once; only where the program counts as the shell.
+void FindShellWindows(Profile& target) noexcept;
+
+// Whether `text`, in lower case, stands anywhere in the lower-cased path of the main module.
+bool IsProgram(const char* text) noexcept;
+
+// A platform entry as the type that the caller knows it by; null when the module or the entry is missing.
+template <typename Function>
+Function EntryOf(HMODULE module, const char* name) noexcept {
+    return module ? reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(module, name))) : nullptr;
+}
+
+}  // namespace halyard

@@ -1,0 +1,58 @@
+// The numbers and names by which the processes of the system talk to each other: private messages to the server window,
+// registered broadcasts, timers, window classes and command ids.
+#pragma once
+
+#include "common/win_types.h"
+
+namespace halyard {
+
+inline constexpr char ServerWindowClass[] = "TevralHalyardServerWndClass";
+
+// To the server window. Handlers run on the server's thread.
+enum ServerMessage : UINT {
+    HM_REGISTER_HOTKEYS = 1025,    // RegisterHotkeys on another thread, sent
+    HM_UNREGISTER_HOTKEYS = 1026,  // UnregisterHotkeys on another thread, sent
+    HM_SWITCH_DESKTOP = 1027,      // window memory in a hooked process, posted; lParam: desktop id
+    HM_RESTART = 1185,             // another program; wParam not 0: enable again after the settings were read
+    HM_WINDOW_ATTACH = 1186,       // a hooked process, posted or sent; wParam: window, lParam: its desktop id
+    HM_WINDOW_DETACH = 1187,       // a hooked process, posted; wParam: window
+    HM_OPEN_CONFIG = 1188,         // the shell's process, sent: the user chose our item in the desktop's menu
+    HM_WINDOW_CHANGED = 1189,      // wParam: window; lParam 1 (posted): it moved, 0 (sent): asks for its place only
+    HM_REFRESH_EXTRAS = 1190,      // taskbars and dialog, posted
+    HM_TAB_ADD = 1191,             // task list, posted or sent with time-out; wParam: window
+    HM_TAB_DELETE = 1192,          // task list, posted; wParam: window
+    HM_TASKBAR_DELETE = 1193,      // task manager, posted; lParam: a retired taskbar
+    HM_CALL = 1194,                // RunOnServerThread in the server process, sent; lParam: ticket of the call
+    HM_WINDOW_RETURNS = 1196,      // window memory, posted; wParam: window, lParam: the desktop that it reopens on
+    HM_COUNT_WINDOWS = 1195,       // the loader, sent; lParam: desktop id. Result: windows that the map has there
+};
+
+// Timers of the server window.
+enum ServerTimer : UINT {
+    PurgeTimer = 1,        // every 30 s: drops dead windows from the map
+    FindCursorTimer = 21,  // every 50 ms while the find-cursor animation runs
+};
+inline constexpr UINT PurgePeriod = 30000;      // ms
+inline constexpr UINT FindCursorPeriod = 50;    // ms
+inline constexpr UINT BroadcastTimeout = 2000;  // ms that a hung program can hold a broadcast up
+
+// What wParam of SettingMsg says.
+enum class SettingKind : UINT { Settings = 1, Desktops = 2 };
+
+// Desktop ids are 32-bit numbers, ordered as unsigned ones.
+using DesktopId = unsigned int;
+inline constexpr DesktopId DefaultDesktopId = 0;
+inline constexpr DesktopId UnsavedDesktopId = static_cast<DesktopId>(-1);  // asks `DesktopList::Add` for a new id
+inline constexpr DesktopId AllDesktopsId = static_cast<DesktopId>(-2);     // a window that is on every desktop
+
+// Item of the shell's desktop menu that opens the dialog.
+inline constexpr UINT ConfigMenuItem = 64771;
+
+// Commands of the system menu's extension that are caught on their way to the program.
+inline constexpr UINT FirstExtensionCommand = 64766;
+inline constexpr UINT LastExtensionCommand = 64810;
+constexpr bool IsExtensionCommand(UINT command) noexcept {
+    return command >= FirstExtensionCommand && command <= LastExtensionCommand;
+}
+
+}  // namespace halyard
