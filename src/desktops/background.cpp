@@ -1,0 +1,107 @@
+#include "desktops/background.h"
+
+#include "common/wide_text_buffer.h"
+#include "desktops/announcer.h"
+#include "desktops/window_desktop_map.h"
+#include "process/profile.h"
+#include "process/registry_key.h"
+
+#include <cwchar>
+// The shell's header declares the interface only behind this one.
+#include <wininet.h>
+
+#include <shlobj.h>
+
+namespace halyard {
+
+namespace {
+
+using CoInitializeFn = HRESULT(WINAPI*)(void*);
+using CoCreateInstanceFn = HRESULT(WINAPI*)(REFCLSID, IUnknown*, DWORD, REFIID, void**);
+
+CoInitializeFn coInitialize = nullptr;
+CoCreateInstanceFn coCreateInstance = nullptr;
+
+constexpr GUID ActiveDesktopClass = {0x75048700, 0xEF1F, 0x11D0, {0x98, 0x88, 0x00, 0x60, 0x97, 0xDE, 0xAC, 0xF9}};
+constexpr GUID ActiveDesktopInterface = {0xF490EB00, 0x1240, 0x11D1, {0x98, 0x88, 0x00, 0x60, 0x97, 0xDE, 0xAC, 0xF9}};
+
+// The shell's object, made for one operation and released with it.
+class ActiveDesktop {
+public:
+    ActiveDesktop() noexcept {
+        void* made = nullptr;
+        if (coCreateInstance &&
+            SUCCEEDED(coCreateInstance(ActiveDesktopClass, nullptr, CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER,
+                                       ActiveDesktopInterface, &made)))
+            object = static_cast<IActiveDesktop*>(made);
+    }
+    ActiveDesktop(const ActiveDesktop&) = delete;
+    ActiveDesktop& operator=(const ActiveDesktop&) = delete;
+    ~ActiveDesktop() {
+        if (object) object->Release();
+    }
+    explicit operator bool() const noexcept { return object != nullptr; }
+    IActiveDesktop* operator->() const noexcept { return object; }
+
+private:
+    IActiveDesktop* object = nullptr;
+};
+
+WALLPAPEROPT OptionsOf(const Desktop& desktop) noexcept {
+    static_assert(sizeof(WALLPAPEROPT) == 8);
+    return {sizeof(WALLPAPEROPT), desktop.wallpaperStyle};
+}
+
+// The shell shows a picture that it had to convert as a copy of its own; the user's file stands in the registry.
+void ReadConvertedWallpaper(TextBuffer& wallpaper) noexcept {
+    RegistryKey key;
+    key.Open(HKEY_CURRENT_USER, "Control Panel\\Desktop", KEY_ALL_ACCESS);
+    wallpaper = key.ReadString("Wallpaper").Text();
+    bool read = false;
+    const TextBuffer source = key.ReadString("ConvertedWallpaper", &read);
+    if (read) wallpaper = source.Text();
+}
+
+}  // namespace
+
+void BindCom() noexcept {
+    if (coInitialize) return;
+    const HMODULE ole = LoadLibraryA("ole32.dll");
+    coInitialize = EntryOf<CoInitializeFn>(ole, "CoInitialize");
+    coCreateInstance = EntryOf<CoCreateInstanceFn>(ole, "CoCreateInstance");
+    if (coInitialize && coCreateInstance) coInitialize(nullptr);
+}
+
+void CaptureBackground(Desktop& desktop) noexcept {
+    if (!profile.isServerProcess) return;
+    desktop.colour = BackgroundColour();
+    wchar_t path[PathRoom] = {};
+    {
+        const ActiveDesktop shell;
+        if (!shell) return;
+        WALLPAPEROPT options = OptionsOf(desktop);
+        shell->GetWallpaperOptions(&options, 0);
+        desktop.wallpaperStyle = options.dwStyle;
+        shell->GetWallpaper(path, PathRoom, 0);
+        path[PathRoom - 1] = 0;
+        desktop.wallpaper = Narrow(path);
+    }
+    if (std::wcsstr(path, L"Wallpaper1.bmp")) ReadConvertedWallpaper(desktop.wallpaper);
+}
+
+void ApplyBackground(const Desktop& desktop) noexcept {
+    if (!profile.isServerProcess) return;
+    windowDesktopMap.SweepAll();
+    AnnounceColour(desktop.colour);
+    {
+        const ActiveDesktop shell;
+        if (!shell) return;
+        const WALLPAPEROPT options = OptionsOf(desktop);
+        shell->SetWallpaperOptions(&options, 0);
+        shell->SetWallpaper(WideTextBuffer(desktop.wallpaper.Text()).Text(), 0);
+        shell->ApplyChanges(AD_APPLY_ALL);
+    }
+    AnnounceSettings();
+}
+
+}  // namespace halyard

@@ -1,0 +1,29 @@
+#include "desktops/desktop_rules.h"
+
+#include "process/protocol.h"
+
+namespace halyard {
+
+unsigned DesktopIdOfKey(const char* name) noexcept {
+    constexpr unsigned Limit = 0x40000000;
+    unsigned id = 0;
+    if (*name == '0') return 0;
+    for (; *name; ++name) {
+        if (*name < '0' || *name > '9') return 0;
+        const auto digit = static_cast<unsigned>(*name - '0');
+        if (id > (Limit - 1 - digit) / 10) return 0;
+        id = id * 10 + digit;
+    }
+    return id;
+}
+
+SweepAction DecideSweep(bool visible, unsigned desktopId, bool hidden, unsigned currentId) noexcept {
+    const bool here = desktopId == currentId;
+    if (visible) {
+        if (!here && desktopId != AllDesktopsId) return SweepAction::Hide;
+        return hidden ? SweepAction::Show : SweepAction::Nothing;
+    }
+    return here && hidden ? SweepAction::Show : SweepAction::Nothing;
+}
+
+}  // namespace halyard

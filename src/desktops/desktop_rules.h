@@ -1,0 +1,22 @@
+// Decisions about desktops and their windows, on plain values.
+#pragma once
+
+namespace halyard {
+
+// Id that a subkey of the stored desktops stands for; 0 for a name that isn't the plain decimal form of a number above
+// 0 and below 0x40000000, the bit that marks a desktop's hotkey action.
+unsigned DesktopIdOfKey(const char* name) noexcept;
+
+// What a sweep does with one window.
+enum class SweepAction { Nothing, Hide, Show };
+
+// `hidden`: the system itself has hidden the window. A window that its program hid stays hidden, one that its program
+// shows while its desktop isn't current is hidden again.
+SweepAction DecideSweep(bool visible, unsigned desktopId, bool hidden, unsigned currentId) noexcept;
+
+// Position behind (`step` 1) or ahead (`step` -1) of `position` in a list of `count`, round both ends.
+constexpr unsigned Neighbour(unsigned position, unsigned count, int step) noexcept {
+    return (position + count + static_cast<unsigned>(step)) % count;
+}
+
+}  // namespace halyard

@@ -1,0 +1,17 @@
+// The tests of the class rules on real windows.
+#pragma once
+
+#include "common/text_buffer.h"
+#include "common/win_types.h"
+
+namespace halyard {
+
+// A window that has gone has no style and no class, and passes none of the tests. Any thread.
+bool IsManagedWindow(HWND window) noexcept;
+bool IsDialogWindow(HWND window) noexcept;
+bool QualifiesForWindowMemory(HWND window) noexcept;
+
+// The class name with an "Afx:" name cut at its last colon; empty when it can't be read.
+TextBuffer NormalisedClassName(HWND window) noexcept;
+
+}  // namespace halyard

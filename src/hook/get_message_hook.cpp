@@ -1,0 +1,153 @@
+#include "hook/behaviours.h"
+#include "hook/desktop_menu.h"
+#include "hook/hook_procs.h"
+#include "hook/reload.h"
+#include "hook/thread_table.h"
+#include "process/profile.h"
+#include "process/shared_section.h"
+
+namespace halyard {
+
+namespace {
+
+WPARAM ToggleCommand(const TrackedWindow& tracked, DWORD style) noexcept {
+    const bool spanning = tracked.maximisedAcross && profile.program.acad;
+    return spanning || (style & WS_MAXIMIZE) ? SC_RESTORE : SC_MAXIMIZE;
+}
+
+DWORD StyleOf(HWND window) noexcept {
+    return static_cast<DWORD>(GetWindowLongA(window, GWL_STYLE));
+}
+
+void Cancel(MSG& message) noexcept {
+    message.message = WM_NULL;
+}
+
+// The double-click that maximises or restores becomes the command of the menu, so that both take the same road.
+bool OnCaptionDoubleClick(MSG& message) noexcept {
+    const DWORD style = StyleOf(message.hwnd);
+    if ((style & WS_CHILD) || !(style & WS_MAXIMIZEBOX)) return false;
+    TrackedWindow* tracked = TrackedWindowOf(message.hwnd);
+    if (!tracked || tracked->IsDialog() || tracked->lastHitTest != HTCAPTION) return false;
+    tracked->lastHitTest = 0;
+    MSG waiting;
+    if (!PeekMessageA(&waiting, message.hwnd, WM_SYSCOMMAND, WM_SYSCOMMAND, PM_NOREMOVE))
+        PostMessageA(message.hwnd, WM_SYSCOMMAND, ToggleCommand(*tracked, style), 0);
+    SetCapture(nullptr);
+    Cancel(message);
+    return true;
+}
+
+// Where taking the mouse away doesn't end the tracking of the button, the cursor seems to have left it before it comes
+// up.
+void EndTracking(MSG& message) noexcept {
+    constexpr POINT FarOff = {-32000, -32000};
+    constexpr LPARAM FarOffParam = 0x83008300;  // the same, as mouse messages carry it
+    PostMessageA(message.hwnd, WM_LBUTTONUP, 0, FarOffParam);
+    message.message = WM_MOUSEMOVE;
+    message.pt = FarOff;
+    message.lParam = FarOffParam;
+}
+
+bool OnButtonUp(MSG& message) noexcept {
+    OnDesktopButtonUp(message.hwnd);
+    TrackedWindow* tracked = TrackedWindowOf(message.hwnd);
+    if (!tracked || tracked->lastHitTest != HTMAXBUTTON) return false;
+    tracked->lastHitTest = 0;
+    const DWORD style = StyleOf(message.hwnd);
+    if (!(style & WS_MAXIMIZEBOX)) return false;
+    SetCapture(nullptr);
+    if (profile.tracksButtonsWithoutCapture)
+        EndTracking(message);
+    else
+        Cancel(message);
+    PostMessageA(message.hwnd, WM_SYSCOMMAND, ToggleCommand(*tracked, style), 0);
+    return true;
+}
+
+// A menu chosen by mouse and key can leave the same command in the queue twice.
+void DropDuplicate(const MSG& message) noexcept {
+    MSG waiting;
+    if (PeekMessageA(&waiting, message.hwnd, WM_SYSCOMMAND, WM_SYSCOMMAND, PM_NOREMOVE) &&
+        waiting.wParam == message.wParam)
+        PeekMessageA(&waiting, message.hwnd, WM_SYSCOMMAND, WM_SYSCOMMAND, PM_REMOVE);
+}
+
+bool RunCommand(TrackedWindow& tracked, MSG& message) noexcept {
+    if (HandleSysCommand(tracked, message.wParam, message.lParam)) return false;
+    Cancel(message);
+    return true;
+}
+
+bool OnSysCommand(MSG& message) noexcept {
+    TrackedWindow* tracked = TrackedWindowOf(message.hwnd);
+    if (!tracked) return false;
+    if (IsExtensionCommand(static_cast<UINT>(message.wParam))) DropDuplicate(message);
+    tracked->lastHitTest = 0;
+    return RunCommand(*tracked, message);
+}
+
+// Some platforms post what is chosen in a submenu of the system menu as an ordinary command. It becomes the one that it
+// is on the others; a program's own command of the same number, which no open extension stands behind, goes untouched.
+bool OnCommand(MSG& message) noexcept {
+    if (!IsExtensionCommand(static_cast<UINT>(message.wParam))) return false;
+    TrackedWindow* tracked = TrackedWindowOf(message.hwnd);
+    if (!tracked) return false;
+    if (profile.program.qlplay) return RunCommand(*tracked, message);
+    if (!tracked->extensionOpen || message.lParam != 0) return false;
+    tracked->extensionOpen = false;
+    message.message = WM_SYSCOMMAND;
+    return OnSysCommand(message);
+}
+
+void OnRestart(HWND window, bool on) noexcept {
+    TrackedWindow* tracked = TrackedWindowOf(window);
+    if (!tracked) return;
+    if (on) {
+        // Where the library outlives the hooks, the record does as well; its desktop is of the time before.
+        tracked->ForgetDesktop();
+        tracked->Classify();
+        tracked->NotifyServer(true);
+    } else {
+        RemoveMenuExtension(*tracked);
+        threadTable->ForCurrentThread()->Remove(window);
+    }
+}
+
+// Every top-level window gets the message, so that a process reads the registry once for each of them.
+void OnSettingsChanged(HWND window, WPARAM kind) noexcept {
+    TrackedWindow* tracked = TrackedWindowOf(window);
+    if (!tracked) return;
+    if (kind == static_cast<WPARAM>(SettingKind::Settings)) ReloadSettings();
+    if (kind == static_cast<WPARAM>(SettingKind::Desktops)) ReloadDesktops();
+    RemoveMenuExtension(*tracked);
+    AddMenuExtension(*tracked);
+}
+
+}  // namespace
+
+bool FilterTakenMessage(MSG& message) noexcept {
+    switch (message.message) {
+    case WM_NCLBUTTONDBLCLK: return OnCaptionDoubleClick(message);
+    case WM_LBUTTONUP: return OnButtonUp(message);
+    case WM_SYSCOMMAND: return OnSysCommand(message);
+    case WM_COMMAND: return OnCommand(message);
+    }
+    if (message.message == profile.restartMessage) OnRestart(message.hwnd, message.lParam != 0);
+    if (message.message == profile.settingMessage) OnSettingsChanged(message.hwnd, message.wParam);
+    return false;
+}
+
+LRESULT CALLBACK GetMessageHookProc(int code, WPARAM remove, LPARAM message) {
+    // With a remove flag of 0 the message is only being looked at, and comes by again.
+    if (code >= 0 && profile.hookEngineActive && remove != PM_NOREMOVE && threadTable) {
+        ThreadWindows* windows = threadTable->ForCurrentThread();
+        if (windows) {
+            const ThreadWindows::Pin pin(*windows);
+            if (FilterTakenMessage(*reinterpret_cast<MSG*>(message))) return 0;
+        }
+    }
+    return CallNextHookEx(GetMessageHook(), code, remove, message);
+}
+
+}  // namespace halyard

@@ -1,0 +1,61 @@
+#include "server/attach.h"
+
+#include "behaviours/application_patches.h"
+#include "behaviours/displays.h"
+#include "behaviours/drag_loop.h"
+#include "crash/crash_filter.h"
+#include "desktops/desktop_list.h"
+#include "hook/thread_table.h"
+#include "process/profile.h"
+#include "process/settings.h"
+#include "process/store.h"
+#include "process/trace.h"
+#include "server/server_window.h"
+
+#include <new>
+#include <utility>
+
+namespace halyard {
+
+namespace {
+
+bool IsPatchedProgram() noexcept {
+    return profile.program.maya || profile.program.modeler;
+}
+
+}  // namespace
+
+void OnLoad(HINSTANCE module) noexcept {
+    profile.moduleInstance = module;
+    DisableThreadLibraryCalls(module);
+    ReadSystemVersion(profile);
+    threadTable = new (std::nothrow) ThreadTable;
+    InstallCrashFilter();
+    ReadProgramFlags(profile);
+    FindShellWindows(profile);
+    // The list of desktops lies in the hive that is chosen here.
+    ChooseHive();
+    desktopList.Load();
+    RefreshDisplays();
+    settings.Load();
+    if (IsExcluded())
+        profile.hookEngineActive = false;
+    else if (IsPatchedProgram())
+        ApplyApplicationPatches();
+    profile.shellHookMessage = RegisterWindowMessageW(L"SHELLHOOK");
+    profile.taskbarCreatedMessage = RegisterWindowMessageW(L"TaskbarCreated");
+    Trace("OnLoad", "hook engine %s", profile.hookEngineActive ? "active" : "kept out");
+}
+
+void OnUnload() noexcept {
+    Trace("OnUnload", "library leaves");
+    profile.hookEngineActive = false;
+    if (IsPatchedProgram()) RemoveApplicationPatches();
+    EndDragLoop();
+    // The table stays in memory: a hook call on another thread may still be on its way out.
+    if (threadTable) threadTable->DestroyAll();
+    RemoveCrashFilter();
+    if (profile.isServerProcess) DestroyServerWindow();
+}
+
+}  // namespace halyard

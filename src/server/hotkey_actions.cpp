@@ -1,0 +1,50 @@
+#include "server/hotkey_actions.h"
+
+#include "behaviours/window_position.h"
+#include "config/config_dialog.h"
+#include "desktops/desktop_switch.h"
+#include "hotkeys/find_cursor.h"
+#include "hotkeys/hotkeys.h"
+#include "process/settings.h"
+
+namespace halyard {
+
+namespace {
+
+void SwitchDesktop(unsigned action) noexcept {
+    if (action == DefaultDesktopAction) Activate(DefaultDesktopId);
+    if (action == NextDesktopAction) ActivateNext();
+    if (action == PreviousDesktopAction) ActivatePrevious();
+    if (action & DesktopActionBit) Activate(action ^ DesktopActionBit);
+}
+
+// Changing the order of a hung program's window would hang the server with it.
+void ToggleForeground() noexcept {
+    constexpr UINT Patience = 500;  // ms
+    HWND window = GetForegroundWindow();
+    DWORD_PTR answer = 0;
+    if (window && SendMessageTimeoutA(window, WM_NULL, 0, 0, SMTO_ABORTIFHUNG, Patience, &answer))
+        ToggleTopmost(window);
+}
+
+void RunHotkeyAction(unsigned action) noexcept {
+    if (settings.MultiDesk()) SwitchDesktop(action);
+    if (action == ToggleTopmostAction) ToggleForeground();
+    if (action == OpenDialogAction) OpenConfigDialog(0);
+}
+
+}  // namespace
+
+void OnHotkeyPressed(HWND serverWindow, WPARAM atom) noexcept {
+    for (const auto& entry : hotkeyList) {
+        if (!entry.value->atom || entry.value->atom != atom) continue;
+        // The list may be another one when the action is over.
+        const unsigned action = entry.key;
+        if (action == FindCursorAction && StartFindCursor())
+            SetTimer(serverWindow, FindCursorTimer, FindCursorPeriod, nullptr);
+        RunHotkeyAction(action);
+        return;
+    }
+}
+
+}  // namespace halyard
