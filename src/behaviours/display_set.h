@@ -1,0 +1,32 @@
+// The displays of the desktop as plain values.
+#pragma once
+
+#include "common/win_types.h"
+
+namespace halyard {
+
+// Copied whole: a reader works on its own copy while another thread refreshes the table.
+struct DisplaySet {
+    static constexpr unsigned Limit = 10;  // displays behind the tenth don't exist for us
+    static constexpr unsigned None = 0xFFFFFFFF;
+
+    struct Display {
+        unsigned handle;  // the low 32 bits of the platform's handle
+        RECT workArea;    // screen coordinates
+    };
+
+    unsigned count = 0;
+    Display displays[Limit] = {};  // ascending by handle, which has nothing to do with a display's number
+    RECT workBounds = {};          // smallest rectangle that holds all work areas
+
+    // Puts a display at its place and widens the bounds. Returns whether there is room for more.
+    bool Add(unsigned handle, const RECT& workArea) noexcept;
+
+    // `None` for a display that isn't in the set.
+    unsigned IndexOf(unsigned handle) const noexcept;
+
+    // The display behind it in order of handle, the first behind the last.
+    unsigned NextOf(unsigned index) const noexcept { return index + 1 < count ? index + 1 : 0; }
+};
+
+}  // namespace halyard

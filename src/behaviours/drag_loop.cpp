@@ -1,0 +1,104 @@
+#include "behaviours/drag_loop.h"
+
+#include "behaviours/borrowed_proc.h"
+#include "behaviours/displays.h"
+#include "behaviours/drag_transparency.h"
+#include "behaviours/geometry.h"
+#include "hook/behaviours.h"
+#include "process/profile.h"
+#include "process/settings.h"
+#include "process/window_long.h"
+
+namespace halyard {
+
+DragLoop dragLoop;
+
+namespace {
+
+volatile LONG watching = 0;  // claimed by the thread whose loop is watched
+
+void StopWatching() noexcept {
+    dragLoop.window = nullptr;
+    dragLoop.oldWindowProc = nullptr;
+    InterlockedExchange(&watching, 0);
+}
+
+LRESULT OnExitSizeMove(HWND window, WPARAM wParam, LPARAM lParam) noexcept {
+    EndTransparency(dragLoop);
+    const WNDPROC old = dragLoop.oldWindowProc;
+    const LRESULT result = CallOldProc(window, old, WM_EXITSIZEMOVE, wParam, lParam);
+    SetWindowProc(window, old);
+    StopWatching();
+    return result;
+}
+
+// The window goes before its loop has ended: there is nothing to put back, and the next loop finds the watch free.
+LRESULT OnNcDestroy(HWND window, WPARAM wParam, LPARAM lParam) noexcept {
+    const WNDPROC old = dragLoop.oldWindowProc;
+    dragLoop.transparencyOn = false;
+    SetWindowProc(window, old);
+    StopWatching();
+    return CallOldProc(window, old, WM_NCDESTROY, wParam, lParam);
+}
+
+// True: `proposed` was docked, and the program doesn't see the message. Some platforms take what a docked step left as
+// the base of their next proposal: from then on the window is told where it would be without.
+bool Dock(RECT& proposed) noexcept {
+    if (!settings.EffectiveAutodock()) return false;
+    POINT cursor = dragLoop.cursor;
+    GetCursorPos(&cursor);
+    dragLoop.dragRect = Shifted(dragLoop.dragRect, cursor.x - dragLoop.cursor.x, cursor.y - dragLoop.cursor.y);
+    dragLoop.cursor = cursor;
+    RECT docked = dragLoop.dragRect;
+    const bool changed = DockRectToDisplay(docked);
+    dragLoop.hasDocked |= changed;
+    if (dragLoop.hasDocked) proposed = docked;
+    return changed;
+}
+
+}  // namespace
+
+bool DockRectToDisplay(RECT& rect) noexcept {
+    if (!profile.monitorFromRect) return false;
+    MONITORINFO info = {};
+    info.cbSize = sizeof(info);
+    return GetMonitorInfoA(profile.monitorFromRect(&rect, MONITOR_DEFAULTTONEAREST), &info) &&
+           DockRect(rect, info.rcMonitor, WorkBounds());
+}
+
+void BeginDragLoop(TrackedWindow& tracked) noexcept {
+    if (!settings.EffectiveAutodock() && !settings.DragTrans()) return;
+    // A thread that ends takes its windows along without a word to them: their watch is free again.
+    const bool orphaned = dragLoop.window && !IsWindow(dragLoop.window);
+    if (!orphaned && InterlockedCompareExchange(&watching, 1, 0) != 0) return;
+    dragLoop.transparencyOn = false;
+    dragLoop.hasDocked = false;
+    GetWindowRect(tracked.window, &dragLoop.dragRect);
+    GetCursorPos(&dragLoop.cursor);
+    dragLoop.window = tracked.window;
+    dragLoop.oldWindowProc = SetWindowProc(tracked.window, DragWindowProc);
+    // The window may have gone already.
+    if (!dragLoop.oldWindowProc) StopWatching();
+}
+
+LRESULT CALLBACK DragWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (window != dragLoop.window) return CallOldProc(window, nullptr, message, wParam, lParam);
+    switch (message) {
+    case WM_EXITSIZEMOVE: return OnExitSizeMove(window, wParam, lParam);
+    case WM_NCDESTROY: return OnNcDestroy(window, wParam, lParam);
+    case WM_MOVING:
+        BeginTransparency(dragLoop);
+        if (Dock(*reinterpret_cast<RECT*>(lParam))) return 1;
+        break;
+    }
+    return CallOldProc(window, dragLoop.oldWindowProc, message, wParam, lParam);
+}
+
+void EndDragLoop() noexcept {
+    if (!dragLoop.window) return;
+    EndTransparency(dragLoop);
+    SetWindowProc(dragLoop.window, dragLoop.oldWindowProc);
+    StopWatching();
+}
+
+}  // namespace halyard

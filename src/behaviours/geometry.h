@@ -1,0 +1,43 @@
+// Where windows go: rectangles in, rectangles out. Screen coordinates, which may be negative; right and bottom are
+// exclusive.
+#pragma once
+
+#include "common/win_types.h"
+
+namespace halyard {
+
+constexpr LONG WidthOf(const RECT& rect) noexcept {
+    return rect.right - rect.left;
+}
+constexpr LONG HeightOf(const RECT& rect) noexcept {
+    return rect.bottom - rect.top;
+}
+constexpr bool SameRect(const RECT& a, const RECT& b) noexcept {
+    return a.left == b.left && a.top == b.top && a.right == b.right && a.bottom == b.bottom;
+}
+constexpr RECT Shifted(const RECT& rect, LONG dx, LONG dy) noexcept {
+    return {rect.left + dx, rect.top + dy, rect.right + dx, rect.bottom + dy};
+}
+
+// The smallest rectangle that holds both.
+RECT UnionOf(const RECT& a, const RECT& b) noexcept;
+
+// Where a window's top left corner goes so that the window is centred on `target`. Not left of the work bounds nor
+// below them, but above all not left of the target nor above it.
+POINT CentredOn(const RECT& window, const RECT& target, const RECT& workBounds) noexcept;
+
+// Moves `proposed` so that it lies whole on `display` (the whole of it, not its work area), unless the edge that it
+// sticks out of is an edge of the desktop. `desktopBounds`: the union of all work areas. An axis on which the move
+// would end outside of these bounds is left alone. Returns whether `proposed` was changed.
+bool DockRect(RECT& proposed, const RECT& display, const RECT& desktopBounds) noexcept;
+
+// The rectangle of a window that spans all displays: a fixed margin beyond the bounds hides its frame.
+RECT SpanningRect(const RECT& workBounds) noexcept;
+
+// `window` moved, with its size kept, so that its top left corner and as much of it as fits lie in `workArea`.
+RECT BroughtInto(const RECT& window, const RECT& workArea) noexcept;
+
+// Opacity of a dragged window, 0 to 255. A percentage above 100 counts as 100.
+BYTE DragAlpha(DWORD perCent) noexcept;
+
+}  // namespace halyard

@@ -1,0 +1,97 @@
+// Windows that reopen where they were.
+#include "behaviours/displays.h"
+#include "behaviours/geometry.h"
+#include "behaviours/maximise_across.h"
+#include "behaviours/memory_record.h"
+#include "behaviours/window_position.h"
+#include "desktops/desktop_list.h"
+#include "hook/behaviours.h"
+#include "hook/classification.h"
+#include "process/registry_key.h"
+#include "process/shared_section.h"
+#include "process/store.h"
+
+namespace halyard {
+
+namespace {
+
+constexpr char DesktopValue[] = "Desktop";
+constexpr int CascadeLimit = 20;
+
+// The two flag bytes aside, a record is a placement.
+WINDOWPLACEMENT ToPlacement(const WindowMemory& memory) noexcept {
+    return {sizeof(WINDOWPLACEMENT), memory.flags,       memory.showCommand,
+            memory.minPosition,      memory.maxPosition, memory.normalRect};
+}
+
+WindowMemory MemoryOf(const TrackedWindow& tracked) noexcept {
+    WINDOWPLACEMENT placement = {};
+    placement.length = sizeof(placement);
+    GetWindowPlacement(tracked.window, &placement);
+    WindowMemory memory;
+    memory.maximisedAcross = tracked.maximisedAcross;
+    memory.topmost = IsTopmost(tracked.window);
+    memory.flags = placement.flags;
+    memory.showCommand = placement.showCmd;
+    memory.minPosition = placement.ptMinPosition;
+    memory.maxPosition = placement.ptMaxPosition;
+    memory.normalRect = tracked.maximisedAcross ? tracked.savedNormalRect : placement.rcNormalPosition;
+    return memory;
+}
+
+// Windows of one class share a record: the next one stands a step beside the one before.
+void Cascade(HWND window, RECT& rect) noexcept {
+    const int step = CascadeStep();
+    for (int shift = 0; shift < CascadeLimit && SameRectWindowExists(window, rect); ++shift)
+        rect = Shifted(rect, step, step);
+}
+
+// The server learns of the window's desktop ahead of the switch, so that the switch finds the window on it. A desktop
+// that has been removed since counts as the current one.
+void ReturnToDesktop(TrackedWindow& tracked, DesktopId remembered) noexcept {
+    const bool everywhere = remembered == AllDesktopsId;
+    const DesktopId id = everywhere || desktopList.Has(remembered) ? remembered : CurrentDesktopId();
+    tracked.desktopId = id;
+    const auto lParam = static_cast<LPARAM>(static_cast<int>(id));
+    PostMessageA(ServerWindow(), HM_WINDOW_RETURNS, reinterpret_cast<WPARAM>(tracked.window), lParam);
+    if (!everywhere) PostMessageA(ServerWindow(), HM_SWITCH_DESKTOP, 0, lParam);
+}
+
+void ReturnToPlace(TrackedWindow& tracked, WindowMemory& memory) noexcept {
+    memory.normalRect = WithinReach(memory.normalRect);
+    if (memory.maximisedAcross) {
+        MaximiseAcross(tracked, &memory.normalRect);
+    } else {
+        if (memory.showCommand == SW_SHOWNORMAL) Cascade(tracked.window, memory.normalRect);
+        const WINDOWPLACEMENT placement = ToPlacement(memory);
+        SetWindowPlacement(tracked.window, &placement);
+    }
+    SetTopmost(tracked.window, memory.topmost);
+}
+
+}  // namespace
+
+void SaveWindowMemory(TrackedWindow& tracked) noexcept {
+    if (!QualifiesForWindowMemory(tracked.window)) return;
+    BYTE bytes[MemoryRecordSize];
+    EncodeWindowMemory(MemoryOf(tracked), bytes);
+    RegistryKey key;
+    if (!OpenAppKey(key, true)) return;
+    key.WriteBytes(NormalisedClassName(tracked.window).Text(), bytes, sizeof(bytes));
+    key.WriteDword(DesktopValue, tracked.desktopId);
+}
+
+void RestoreWindowMemory(TrackedWindow& tracked) noexcept {
+    RegistryKey key;
+    if (!QualifiesForWindowMemory(tracked.window) || !OpenAppKey(key, false)) return;
+    ReturnToDesktop(tracked, key.ReadDwordOr(DesktopValue, CurrentDesktopId()));
+    // A byte more than a record has, so that a longer one shows.
+    BYTE bytes[MemoryRecordSize + 1];
+    DWORD size = sizeof(bytes);
+    WindowMemory memory;
+    if (key.ReadBytes(NormalisedClassName(tracked.window).Text(), bytes, size) == ERROR_SUCCESS &&
+        DecodeWindowMemory(bytes, size, memory))
+        ReturnToPlace(tracked, memory);
+}
+
+}  // namespace halyard

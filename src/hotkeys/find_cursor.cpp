@@ -1,0 +1,68 @@
+#include "hotkeys/find_cursor.h"
+
+#include "common/handles.h"
+
+namespace halyard {
+
+namespace {
+
+constexpr int Radii[] = {100, 80, 60, 40, 20};  // pixels
+constexpr int RingCount = sizeof(Radii) / sizeof(Radii[0]);
+constexpr int Idle = -1;
+
+struct FindCursorState {
+    int step = Idle;  // index of the ring on the screen
+    RECT ring = {};
+    HPEN pen = nullptr;  // made at first use, kept to the process's end
+};
+
+FindCursorState state;
+
+// Draws by inversion, so that drawing the same ring again takes it away.
+class RingDrawing {
+public:
+    explicit RingDrawing(HPEN pen) noexcept
+        : oldMode(SetROP2(screen.get(), R2_XORPEN)), oldBrush(SelectObject(screen.get(), GetStockObject(NULL_BRUSH))),
+          oldPen(SelectObject(screen.get(), pen)) {}
+    RingDrawing(const RingDrawing&) = delete;
+    RingDrawing& operator=(const RingDrawing&) = delete;
+    ~RingDrawing() {
+        SelectObject(screen.get(), oldPen);
+        SelectObject(screen.get(), oldBrush);
+        SetROP2(screen.get(), oldMode);
+    }
+    void Draw(const RECT& ring) noexcept { Ellipse(screen.get(), ring.left, ring.top, ring.right, ring.bottom); }
+
+private:
+    ScreenDc screen;
+    int oldMode;
+    HGDIOBJ oldBrush;
+    HGDIOBJ oldPen;
+};
+
+RECT RingRoundCursor(int radius) noexcept {
+    POINT cursor = {};
+    GetCursorPos(&cursor);
+    return {cursor.x - radius, cursor.y - radius, cursor.x + radius, cursor.y + radius};
+}
+
+}  // namespace
+
+bool StartFindCursor() noexcept {
+    return state.step == Idle && StepFindCursor();
+}
+
+bool StepFindCursor() noexcept {
+    if (!state.pen) state.pen = CreatePen(PS_INSIDEFRAME, 3, RGB(0x80, 0x80, 0x80));
+    RingDrawing drawing(state.pen);
+    if (state.step != Idle) drawing.Draw(state.ring);
+    if (++state.step == RingCount) {
+        state.step = Idle;
+        return false;
+    }
+    state.ring = RingRoundCursor(Radii[state.step]);
+    drawing.Draw(state.ring);
+    return true;
+}
+
+}  // namespace halyard

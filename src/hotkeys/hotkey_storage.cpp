@@ -1,0 +1,45 @@
+#include "hotkeys/hotkeys.h"
+
+#include "process/registry_key.h"
+#include "process/server_call.h"
+#include "process/store.h"
+
+namespace halyard {
+
+namespace {
+
+void Load() noexcept {
+    RebuildHotkeyList();
+    RegistryKey key;
+    OpenHotkeysKey(key);
+    for (auto& entry : hotkeyList) {
+        char name[16];
+        wsprintfA(name, "%d", static_cast<int>(entry.key));
+        BYTE bytes[sizeof(HotkeyModifiers)];
+        DWORD size = sizeof(bytes);
+        if (key && key.ReadBytes(name, bytes, size) == ERROR_SUCCESS) entry.value->binding = DecodeBinding(bytes, size);
+    }
+}
+
+void Save() noexcept {
+    RegistryKey key;
+    OpenHotkeysKey(key);
+    key.DeleteContents();
+    for (const auto& entry : hotkeyList) {
+        char name[16];
+        wsprintfA(name, "%d", static_cast<int>(entry.key));
+        key.WriteBytes(name, &entry.value->binding, sizeof(HotkeyModifiers));
+    }
+}
+
+}  // namespace
+
+void LoadHotkeys() noexcept {
+    RunOnServerThread([] { Load(); });
+}
+
+void SaveHotkeys() noexcept {
+    RunOnServerThread([] { Save(); });
+}
+
+}  // namespace halyard
