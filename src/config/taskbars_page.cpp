@@ -1,0 +1,68 @@
+#include "config/sheet.h"
+#include "process/broadcasts.h"
+#include "process/settings.h"
+#include "process/shared_section.h"
+#include "resources/resource_ids.h"
+
+#include <commctrl.h>
+#include <initializer_list>
+#include <prsht.h>
+
+namespace halyard {
+
+namespace {
+
+void ApplyEnableRules(HWND page) noexcept {
+    const auto enables = EnablesOfTaskbarsPage(CurrentPageState(), IsChecked(page, IDC_TASKBARS));
+    EnableControl(page, IDC_TASKBARS, enables.choices);
+    EnableControl(page, IDC_MIRROR, enables.choices);
+    for (const int control : {IDC_WHICH_TASKS, IDC_ALL_TASKS, IDC_OWN_TASKS})
+        EnableControl(page, control, enables.whichTasks);
+}
+
+void OnInit(HWND page) noexcept {
+    sheet.pages[TaskbarsPage] = page;
+    SetCheck(page, IDC_TASKBARS, settings.TaskbarsEnable());
+    SetCheck(page, settings.TaskbarsShowAllTasks() ? IDC_ALL_TASKS : IDC_OWN_TASKS, true);
+    SetCheck(page, IDC_MIRROR, settings.TaskswitchMirrorEnable());
+    ApplyEnableRules(page);
+}
+
+void OnCommand(HWND page, int control) noexcept {
+    switch (control) {
+    case IDC_TASKBARS:
+        ApplyEnableRules(page);
+        PageChanged(page);
+        break;
+    case IDC_ALL_TASKS:
+    case IDC_OWN_TASKS:
+    case IDC_MIRROR: PageChanged(page); break;
+    }
+}
+
+void OnApply(HWND page) noexcept {
+    settings.SetTaskbarsEnable(IsChecked(page, IDC_TASKBARS));
+    settings.SetTaskbarsShowAllTasks(IsChecked(page, IDC_ALL_TASKS));
+    settings.SetTaskswitchMirrorEnable(IsChecked(page, IDC_MIRROR));
+    settings.Save();
+    BroadcastSettings(SettingKind::Settings);
+    PostMessageA(ServerWindow(), HM_REFRESH_EXTRAS, 0, 0);
+}
+
+}  // namespace
+
+INT_PTR CALLBACK TaskbarsPageProc(HWND page, UINT message, WPARAM wParam, LPARAM lParam) {
+    INT_PTR result = 0;
+    if (HandleSharedMessage(page, message, wParam, lParam, result)) return result;
+    switch (message) {
+    case WM_INITDIALOG: OnInit(page); break;
+    case RefreshPageMessage: ApplyEnableRules(page); break;
+    case WM_COMMAND: OnCommand(page, LOWORD(wParam)); break;
+    case WM_NOTIFY:
+        if (reinterpret_cast<const NMHDR*>(lParam)->code == PSN_APPLY) OnApply(page);
+        break;
+    }
+    return 0;
+}
+
+}  // namespace halyard
