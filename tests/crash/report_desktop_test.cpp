@@ -1,0 +1,350 @@
+// The report on a fault as a user meets it, in a program that has the library through the hooks.
+#include "desktop/desktop_fixture.h"
+#include "desktop/picture.h"
+#include "fault_protocol.h"
+#include "shell/record.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <fstream>
+#include <tlhelp32.h>
+
+namespace halyard::test {
+
+namespace {
+
+constexpr DWORD ReportLimit = 40000;  // ms: a report reads the debug information of all modules
+constexpr DWORD StuckLimit = 40000;   // ms: a report that doesn't get on is given up long before
+// Wine leaves so little of a 64-bit stack that has run over that its own dispatching doesn't fit in: no filter is
+// asked.
+constexpr bool ReportsOverflow = sizeof(void*) == 4;
+constexpr int LinkId = 1036, TextId = 1023, BoxId = 1034, CloseId = 1;
+
+template <typename... Arguments>
+std::string Format(const char* format, Arguments... arguments) {
+    char text[1024];
+    std::snprintf(text, sizeof(text), format, arguments...);
+    return text;
+}
+
+std::string Address(ULONG_PTR value) {
+    return Format("%0*llX", static_cast<int>(sizeof(void*) * 2), static_cast<unsigned long long>(value));
+}
+
+// Real input, for whatever is at that place of the screen.
+void Click(POINT at) {
+    INPUT inputs[3] = {};
+    const DWORD flags[] = {MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_VIRTUALDESK, MOUSEEVENTF_LEFTDOWN,
+                           MOUSEEVENTF_LEFTUP};
+    const int width = GetSystemMetrics(SM_CXVIRTUALSCREEN), height = GetSystemMetrics(SM_CYVIRTUALSCREEN);
+    for (int index = 0; index < 3; ++index) {
+        inputs[index].type = INPUT_MOUSE;
+        inputs[index].mi.dwFlags = flags[index];
+    }
+    // The platform counts in parts of 65536 of the whole desktop, rounding down.
+    inputs[0].mi.dx = (at.x * 65536 + width - 1) / width;
+    inputs[0].mi.dy = (at.y * 65536 + height - 1) / height;
+    SendInput(3, inputs, sizeof(INPUT));
+}
+
+void TapKey(WORD key) {
+    INPUT inputs[2] = {};
+    inputs[0].type = inputs[1].type = INPUT_KEYBOARD;
+    inputs[0].ki.wVk = inputs[1].ki.wVk = key;
+    inputs[1].ki.dwFlags = KEYEVENTF_KEYUP;
+    SendInput(2, inputs, sizeof(INPUT));
+}
+
+POINT MiddleOf(HWND window) {
+    RECT place = {};
+    GetWindowRect(window, &place);
+    return {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
+}
+
+class CrashTest : public DesktopTest {
+protected:
+    void SetUp() override {
+        DesktopTest::SetUp();
+        mapping = CreateFileMappingA(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, sizeof(FaultSeen), SeenName);
+        seen = static_cast<FaultSeen*>(MapViewOfFile(mapping, FILE_MAP_WRITE, 0, 0, sizeof(FaultSeen)));
+        ASSERT_NE(seen, nullptr);
+        folder = ScratchFolder();
+        CopyTo(folder, "tvlhload.exe", "tvlhload.exe");
+        CopyTo(folder, "faulting\\tvlHalyd.dll", "tvlHalyd.dll");
+        StartLoader();
+    }
+
+    void TearDown() override {
+        DesktopTest::TearDown();
+        UnmapViewOfFile(seen);
+        CloseHandle(mapping);
+    }
+
+    void OpenFaulting() {
+        *seen = {};
+        sample = OpenProgram(BinFolder() + "sample_fault.exe", {}, FaultTitle);
+        ASSERT_NE(sample.window, nullptr);
+        ASSERT_TRUE(WindowsBecome(0, 1)) << "the library isn't in the sample";
+    }
+
+    void Fault(FaultKind kind) { PostMessageA(sample.window, FaultMessage, kind, 0); }
+
+    // Waits for the dialog; its title names the program.
+    void FaultAndReport(FaultKind kind) {
+        OpenFaulting();
+        Fault(kind);
+        ASSERT_TRUE(Eventually(
+            [&] {
+                dialog = WindowOf(sample.program->Id(), "sample_fault.exe");
+                return IsWindowVisible(dialog) != FALSE;
+            },
+            ReportLimit))
+            << "no dialog; faults seen: " << seen->faults << Format(", code %08lX", seen->record.ExceptionCode);
+    }
+
+    HWND Item(int id) const { return GetDlgItem(dialog, id); }
+
+    std::string ReportText() const {
+        std::string text(static_cast<std::size_t>(Ask(Item(TextId), WM_GETTEXTLENGTH)) + 1, 0);
+        Ask(Item(TextId), WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
+        text.pop_back();
+        return text;
+    }
+
+    testing::AssertionResult Ends(DWORD status, DWORD limit = WaitLimit) const {
+        if (!sample.program->Ends(limit)) return testing::AssertionFailure() << "the program goes on";
+        if (sample.program->ExitStatus() == status) return testing::AssertionSuccess();
+        return testing::AssertionFailure() << Format("ended with %08lX", sample.program->ExitStatus());
+    }
+
+    // The number of the section, from 1, and the offset in it, as the program's memory has them.
+    std::string SectionPlace(ULONG_PTR address, const MODULEENTRY32& module) const {
+        char headers[4096] = {};
+        ReadProcessMemory(sample.program->Handle(), module.modBaseAddr, headers, sizeof(headers), nullptr);
+        const auto* image =
+            reinterpret_cast<IMAGE_NT_HEADERS*>(headers + reinterpret_cast<IMAGE_DOS_HEADER*>(headers)->e_lfanew);
+        const DWORD rva = static_cast<DWORD>(address - reinterpret_cast<ULONG_PTR>(module.modBaseAddr));
+        const IMAGE_SECTION_HEADER* section = IMAGE_FIRST_SECTION(image);
+        unsigned number = 1;
+        while (rva - section->VirtualAddress >= section->Misc.VirtualSize) {
+            ++section;
+            if (++number > image->FileHeader.NumberOfSections) return "nowhere";
+        }
+        return Format("%02X:%08lX", number, rva - section->VirtualAddress);
+    }
+
+    std::vector<MODULEENTRY32> Modules() const {
+        std::vector<MODULEENTRY32> modules;
+        HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPMODULE, sample.program->Id());
+        MODULEENTRY32 module = {};
+        module.dwSize = sizeof(module);
+        for (BOOL more = Module32First(snapshot, &module); more; more = Module32Next(snapshot, &module))
+            modules.push_back(module);
+        CloseHandle(snapshot);
+        return modules;
+    }
+
+    std::string ExpectedHead(const char* exception) const {
+        const auto fault = reinterpret_cast<ULONG_PTR>(seen->record.ExceptionAddress);
+        const std::vector<MODULEENTRY32> modules = Modules();
+        const auto own = std::find_if(modules.begin(), modules.end(), [](const auto& module) {
+            return std::string(module.szModule) == "tvlHalyd.dll";
+        });
+        if (own == modules.end()) return "the library isn't in the program";
+        const CONTEXT& held = seen->context;
+        std::string text = "//=====================================================\r\n";
+        text += Format("Exception code: %08lX %s\r\n", seen->record.ExceptionCode, exception);
+        text += "Fault address:  " + Address(fault) + " " + SectionPlace(fault, *own) + " " + own->szExePath + "\r\n";
+        text += "\r\nRegisters:\r\n=========\r\n";
+#ifdef _WIN64
+        const std::pair<const char*, ULONG_PTR> general[] = {
+            {"RAX", held.Rax}, {"RBX", held.Rbx}, {"RCX", held.Rcx}, {"RDX", held.Rdx},  {"RSI", held.Rsi},
+            {"RDI", held.Rdi}, {"R8", held.R8},   {"R9", held.R9},   {"R10", held.R10},  {"R11", held.R11},
+            {"R12", held.R12}, {"R13", held.R13}, {"R14", held.R14}, { "R15", held.R15 }};
+        const ULONG_PTR special[] = {held.Rip, held.Rsp, held.Rbp};
+        const char size = 'R';
+#else
+        const std::pair<const char*, ULONG_PTR> general[] = {{"EAX", held.Eax}, {"EBX", held.Ebx}, {"ECX", held.Ecx},
+                                                             {"EDX", held.Edx}, {"ESI", held.Esi}, {"EDI", held.Edi}};
+        const ULONG_PTR special[] = {held.Eip, held.Esp, held.Ebp};
+        const char size = 'E';
+#endif
+        for (const auto& [name, value] : general)
+            text += std::string(name) + ":" + Address(value) + "\r\n";
+        text += Format("CS:%cIP:%04X:", size, unsigned(held.SegCs)) + Address(special[0]);
+        text += Format("\r\nSS:%cSP:%04X:", size, unsigned(held.SegSs)) + Address(special[1]);
+        text += Format("  %cBP:", size) + Address(special[2]);
+        text += Format("\r\nDS:%04X  ES:%04X  FS:%04X  GS:%04X\r\nFlags:%08X\r\n\r\n", unsigned(held.SegDs),
+                       unsigned(held.SegEs), unsigned(held.SegFs), unsigned(held.SegGs), unsigned(held.EFlags));
+        OSVERSIONINFOA version = {};
+        version.dwOSVersionInfoSize = sizeof(version);
+        GetVersionExA(&version);
+        return text +
+               Format("Operating System\r\n===============\r\nVersion : %lu.%lu (Build %lu)\r\n%s\r\n",
+                      version.dwMajorVersion, version.dwMinorVersion, version.dwBuildNumber, version.szCSDVersion) +
+               "\r\nModules\r\n=======\r\n";
+    }
+
+    HANDLE mapping = nullptr;
+    FaultSeen* seen = nullptr;
+    Sample sample;
+    HWND dialog = nullptr;
+};
+
+TEST_F(CrashTest, TellsWhatThePlatformSays) {
+    struct Case {
+        FaultKind kind;
+        const char* name;
+        const char* function;
+    };
+    const Case cases[] = {
+        {Read, "ACCESS_VIOLATION", "FaultWithProbe"},  {Write, "ACCESS_VIOLATION", "FaultWithProbe"},
+        {Execute, "ACCESS_VIOLATION", "instructions"}, {Divide, "INT_DIVIDE_BY_ZERO", "FaultWithProbe"},
+        {StackOverflow, "STACK_OVERFLOW", "Overflow"},
+    };
+    for (const Case& entry : cases) {
+        if (entry.kind == StackOverflow && !ReportsOverflow) continue;
+        SCOPED_TRACE(entry.kind);
+        ASSERT_NO_FATAL_FAILURE(FaultAndReport(entry.kind));
+        const std::string text = ReportText();
+        const std::string head = ExpectedHead(entry.name);
+        EXPECT_EQ(text.substr(0, head.size()), head);
+        for (const MODULEENTRY32& module : Modules()) {
+            const std::string line =
+                " " + Address(reinterpret_cast<ULONG_PTR>(module.modBaseAddr)) + Format(" %8lX  ", module.modBaseSize);
+            EXPECT_NE(text.find(line), text.npos) << module.szModule << line << "\n" << text.substr(0, 5000);
+        }
+        const std::string heading = "\r\nCall stack:\r\nAddress ";
+        const std::string where = Address(reinterpret_cast<ULONG_PTR>(seen->record.ExceptionAddress)) + "  ";
+        std::size_t walk = text.find(heading);
+        for (int number = 0; number < 2; ++number) {
+            const std::size_t first = text.find("\r\n", walk + heading.size()) + 2;
+            const std::string line = text.substr(first, text.find("\r\n", first) - first);
+            EXPECT_EQ(line.rfind(where, 0), 0u) << line;
+            EXPECT_NE(line.find(entry.function), line.npos) << line;
+            walk = text.find(heading, first);
+        }
+        EXPECT_EQ(walk, text.npos) << "two walks";
+        if (entry.kind == Read) {
+            // For the check of the tool that names its places.
+            std::ofstream(BinFolder() + "faulting\\report.txt", std::ios::binary) << text;
+            for (const char* line : {"\tLocal 'probe' halyard::test::Probe\r\n", "\t\t first = 11223344\r\n",
+                                     "\t\t second = 5566\r\n", "\t\t third = 77\r\n", "\tLocal 'zero' = 0\r\n",
+                                     "\tLocal 'text' = \"a text of more than thirty-one \"\r\n",
+                                     "\tParameter 'kind' = 0\r\n", "'halyard::test::globalProbe' = 1234567\r\n"})
+                EXPECT_NE(text.find(line), text.npos) << line;
+        }
+        Click(MiddleOf(Item(CloseId)));
+        EXPECT_TRUE(Ends(seen->record.ExceptionCode));
+        EXPECT_EQ(seen->ownFilterCalls, 0) << "of the program's own filter";
+    }
+}
+
+TEST_F(CrashTest, DialogServesMouseAndKeyboard) {
+    const std::string mail = "\"" + BinFolder() + "sample_wizard.exe\" \"%1\"";
+    RegSetValueA(HKEY_CLASSES_ROOT, "mailto\\shell\\open\\command", REG_SZ, mail.c_str(), 0);
+    ASSERT_NO_FATAL_FAILURE(FaultAndReport(Read));
+    ASSERT_TRUE(Eventually([&] { return GetForegroundWindow() == dialog; })) << Describe(GetForegroundWindow());
+    RECT place = {};
+    GetWindowRect(dialog, &place);
+    const RECT display = {0, 0, 1024, 768};
+    RECT shared = {};
+    IntersectRect(&shared, &place, &display);
+    EXPECT_TRUE(EqualRect(&shared, &place) && std::abs(place.left + place.right - 1024) < 3) << Describe(dialog);
+    DWORD start = 1, end = 1;
+    Ask(Item(TextId), EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
+    EXPECT_EQ(start, 0u);
+    EXPECT_EQ(end, ReportText().size());
+    EXPECT_TRUE(Eventually([&] { return Ask(Item(TextId), EM_GETFIRSTVISIBLELINE) == 0; }));
+
+    TapKey(VK_ESCAPE);
+    RECT link = {};
+    GetWindowRect(Item(LinkId), &link);
+    Click({link.left + 5, link.top + 5});
+    EXPECT_TRUE(Eventually([] { return standin::ReadNumber(standin::WizardRunsValue) == 1; })) << "no mail program";
+    const std::string opened = standin::ReadText(standin::WizardCommandLineValue);
+    EXPECT_NE(opened.find("mailto:help@tevral.example?subject=Halyard%20Error%20Report"), opened.npos) << opened;
+    EXPECT_TRUE(IsWindow(dialog)) << "Esc closed it";
+    SavePicture("ReportDialog");
+
+    // Closed by its caption; the last state of the box counts.
+    for (const LRESULT state : {BST_CHECKED, BST_UNCHECKED}) {
+        Click(MiddleOf(Item(BoxId)));
+        EXPECT_TRUE(Eventually([&] { return Ask(Item(BoxId), BM_GETCHECK) == state; }));
+    }
+    Click({place.right - 12, place.top + 12});
+    EXPECT_TRUE(Ends(EXCEPTION_ACCESS_VIOLATION));
+    const std::string key = ProgramKey(BinFolder() + "sample_fault.exe");
+    EXPECT_EQ(NumberOr(key, "Excluded", 0), 0u);
+
+    // Kept out of the program from its next start.
+    ASSERT_NO_FATAL_FAILURE(FaultAndReport(Read));
+    ASSERT_TRUE(Eventually([&] { return GetForegroundWindow() == dialog; }));
+    Click(MiddleOf(Item(BoxId)));
+    EXPECT_TRUE(Eventually([&] { return Ask(Item(BoxId), BM_GETCHECK) == BST_CHECKED; }));
+    TapKey(VK_RETURN);
+    EXPECT_TRUE(Ends(EXCEPTION_ACCESS_VIOLATION));
+    EXPECT_EQ(NumberOr(key, "Excluded", 0), 1u);
+    sample = OpenProgram(BinFolder() + "sample_fault.exe", {}, FaultTitle);
+    OpenSample("Other");
+    ASSERT_TRUE(WindowsBecome(0, 1)) << "the one that came later is there, the excluded one isn't";
+}
+
+TEST_F(CrashTest, ProgramsOwnFaultGoesToItsOwnFilter) {
+    OpenFaulting();
+    Fault(ProgramsOwn);
+    EXPECT_TRUE(Ends(OwnFilterStatus));
+    EXPECT_EQ(seen->ownFilterCalls, 1);
+    EXPECT_EQ(seen->ownFilterCode, static_cast<DWORD>(EXCEPTION_ACCESS_VIOLATION));
+}
+
+// The library's abort is no exception; a thread with the loader's lock keeps the report's thread from starting.
+TEST_F(CrashTest, EndsWhereThereCanBeNoReport) {
+    OpenFaulting();
+    Fault(Abort);
+    EXPECT_TRUE(Ends(3));
+    OpenFaulting();
+    Fault(LoaderLocked);
+    EXPECT_TRUE(Ends(EXCEPTION_ACCESS_VIOLATION, StuckLimit));
+
+    if (!ReportsOverflow) {
+        OpenFaulting();
+        Fault(StackOverflow);
+        EXPECT_TRUE(sample.program->Ends(WaitLimit));
+    }
+    // The second may find the filter gone and take the process along, with the report of the first.
+    OpenFaulting();
+    Fault(TwoThreads);
+    EXPECT_TRUE(Eventually(
+        [&] {
+            dialog = WindowOf(sample.program->Id(), "sample_fault.exe");
+            if (dialog) PostMessageA(dialog, WM_CLOSE, 0, 0);
+            return sample.program->Ends(0);
+        },
+        ReportLimit));
+    EXPECT_EQ(seen->faults, 2);
+    EXPECT_TRUE(Ends(EXCEPTION_ACCESS_VIOLATION));
+}
+
+LONG WINAPI NoFilter(EXCEPTION_POINTERS*) {
+    return EXCEPTION_CONTINUE_SEARCH;
+}
+
+TEST_F(CrashTest, FilterGoesWithTheLibrary) {
+    QuitLoader();
+    const auto before = SetUnhandledExceptionFilter(NoFilter);
+    for (int round = 0; round < 2; ++round) {
+        const HMODULE library = LoadLibraryA((folder + "tvlHalyd.dll").c_str());
+        ASSERT_NE(library, nullptr);
+        const auto ours = SetUnhandledExceptionFilter(NoFilter);
+        EXPECT_NE(ours, NoFilter);
+        SetUnhandledExceptionFilter(ours);
+        FreeLibrary(library);
+        EXPECT_EQ(SetUnhandledExceptionFilter(NoFilter), NoFilter);
+    }
+    SetUnhandledExceptionFilter(before);
+}
+
+}  // namespace
+
+}  // namespace halyard::test

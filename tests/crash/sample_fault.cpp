@@ -1,0 +1,86 @@
+// A program with a filter of its own, in which the library faults on request.
+#include "fault_protocol.h"
+
+namespace {
+
+using namespace halyard::test;
+using FaultFn = int (*)(int);
+
+FaultSeen* seen = nullptr;
+
+LONG CALLBACK Note(EXCEPTION_POINTERS* fault) {
+    // Debug output and the naming of threads are exceptions as well.
+    if (fault->ExceptionRecord->ExceptionCode < 0xC0000000) return EXCEPTION_CONTINUE_SEARCH;
+    if (InterlockedIncrement(&seen->faults) == 1) {
+        seen->record = *fault->ExceptionRecord;
+        seen->context = *fault->ContextRecord;
+    }
+    return EXCEPTION_CONTINUE_SEARCH;
+}
+
+LONG WINAPI OwnFilter(EXCEPTION_POINTERS* fault) {
+    InterlockedIncrement(&seen->ownFilterCalls);
+    seen->ownFilterCode = fault->ExceptionRecord->ExceptionCode;
+    ExitProcess(OwnFilterStatus);
+}
+
+FaultFn Entry() {
+    const HMODULE library = GetModuleHandleA("tvlHalyd.dll");
+    return reinterpret_cast<FaultFn>(reinterpret_cast<void*>(GetProcAddress(library, FaultEntry)));
+}
+
+DWORD WINAPI FaultingThread(void*) {
+    return static_cast<DWORD>(Entry()(Read));
+}
+
+void Fault(int kind) {
+    int* volatile nowhere = reinterpret_cast<int*>(0x20);
+    switch (kind) {
+    case ProgramsOwn: *nowhere = 1; break;
+    case TwoThreads:
+        CloseHandle(CreateThread(nullptr, 0, FaultingThread, nullptr, 0, nullptr));
+        Entry()(Write);
+        break;
+    case LoaderLocked: {
+        using LockFn = LONG(WINAPI*)(ULONG flags, ULONG * result, ULONG_PTR * cookie);
+        const auto lock = reinterpret_cast<LockFn>(
+            reinterpret_cast<void*>(GetProcAddress(GetModuleHandleA("ntdll.dll"), "LdrLockLoaderLock")));
+        const FaultFn entry = Entry();
+        ULONG result = 0;
+        ULONG_PTR cookie = 0;
+        lock(0, &result, &cookie);
+        entry(Read);
+        break;
+    }
+    default: Entry()(kind);
+    }
+}
+
+LRESULT CALLBACK SampleProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == FaultMessage) Fault(static_cast<int>(wParam));
+    if (message == WM_DESTROY) PostQuitMessage(0);
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
+}  // namespace
+
+int WINAPI WinMain(HINSTANCE instance, HINSTANCE, char*, int) {
+    const HANDLE mapping = OpenFileMappingA(FILE_MAP_WRITE, FALSE, SeenName);
+    seen = static_cast<FaultSeen*>(MapViewOfFile(mapping, FILE_MAP_WRITE, 0, 0, sizeof(FaultSeen)));
+    if (!seen) return 1;
+    SetUnhandledExceptionFilter(OwnFilter);
+    AddVectoredExceptionHandler(1, Note);
+    WNDCLASSA windowClass = {};
+    windowClass.lpfnWndProc = SampleProc;
+    windowClass.hInstance = instance;
+    windowClass.hCursor = LoadCursorA(nullptr, IDC_ARROW);
+    windowClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1);
+    windowClass.lpszClassName = "HalyardFaultingSample";
+    RegisterClassA(&windowClass);
+    CreateWindowExA(0, windowClass.lpszClassName, FaultTitle, WS_OVERLAPPEDWINDOW | WS_VISIBLE, 100, 100, 400, 300,
+                    nullptr, nullptr, instance, nullptr);
+    MSG message;
+    while (GetMessageA(&message, nullptr, 0, 0) > 0)
+        DispatchMessageA(&message);
+    return 0;
+}

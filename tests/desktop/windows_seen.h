@@ -1,0 +1,46 @@
+// Waiting for windows of other programs, and telling what is seen of them.
+#pragma once
+
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+#include <windows.h>
+
+namespace halyard::test {
+
+inline constexpr DWORD WaitLimit = 8000;  // ms
+inline constexpr DWORD PollPeriod = 10;   // ms
+
+// Asks again and again until the answer is yes or the time is over; the last answer. The thread's messages are
+// dispatched meanwhile, for tests that own windows.
+template <typename Condition>
+bool Eventually(Condition condition, DWORD limit = WaitLimit) {
+    const DWORD start = GetTickCount();
+    for (;;) {
+        MSG message;
+        while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE))
+            DispatchMessageA(&message);
+        if (condition()) return true;
+        if (GetTickCount() - start >= limit) return false;
+        Sleep(PollPeriod);
+    }
+}
+
+// Class, title, process, rectangle and whether it is visible, in one line.
+std::string Describe(HWND window);
+std::vector<HWND> TopLevelWindows();
+
+// Null where the process has no top-level window with that title.
+HWND WindowOf(DWORD processId, const std::string& title);
+
+testing::AssertionResult BecomesVisible(HWND window);
+testing::AssertionResult BecomesHidden(HWND window);
+
+// For what must not change: lets the window's thread do all that it has been asked so far, and looks then.
+testing::AssertionResult StaysVisible(HWND window);
+testing::AssertionResult StaysHidden(HWND window);
+
+// Sends with a limit of time, in ms; -1 where the answer doesn't come.
+LRESULT Ask(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0, DWORD limit = WaitLimit);
+
+}  // namespace halyard::test

@@ -1,0 +1,50 @@
+// Holds the size of the screen where the modelling programs have it. Its file is given their names.
+#include "desktop_behaviours/modeler_protocol.h"
+
+namespace modeler {
+
+namespace {
+
+// From the image's first pages to beyond the two numbers, zeroed by the platform and never touched elsewhere.
+char memory[0x200000];
+
+int& NumberAt(ULONG_PTR address) {
+    return *reinterpret_cast<int*>(address);
+}
+
+bool HoldsNumbers() {
+    const auto start = reinterpret_cast<ULONG_PTR>(memory);
+    return start <= WidthAddress && HeightAddress + sizeof(int) <= start + sizeof(memory);
+}
+
+LRESULT CALLBACK MainProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case AskWidth: return NumberAt(WidthAddress);
+    case AskHeight: return NumberAt(HeightAddress);
+    case WM_DESTROY: PostQuitMessage(0); break;
+    }
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
+}  // namespace
+
+}  // namespace modeler
+
+// An argument: the width that it believes in, else the first display's.
+int main(int count, char** arguments) {
+    using namespace modeler;
+    if (!HoldsNumbers()) return 1;
+    NumberAt(WidthAddress) = count > 1 ? std::atoi(arguments[1]) : GetSystemMetrics(SM_CXSCREEN);
+    NumberAt(HeightAddress) = GetSystemMetrics(SM_CYSCREEN);
+    WNDCLASSA windowClass = {};
+    windowClass.lpfnWndProc = MainProc;
+    windowClass.hInstance = GetModuleHandleA(nullptr);
+    windowClass.lpszClassName = Title;
+    RegisterClassA(&windowClass);
+    CreateWindowA(Title, Title, WS_OVERLAPPEDWINDOW | WS_VISIBLE, 40, 40, 300, 200, nullptr, nullptr,
+                  windowClass.hInstance, nullptr);
+    MSG message;
+    while (GetMessageA(&message, nullptr, 0, 0) > 0)
+        DispatchMessageA(&message);
+    return 0;
+}
