@@ -6,10 +6,10 @@
 // and moves the windows; whole, a switch with all that it does, the background included.
 #include "bench/clock.h"
 #include "bench/window_host.h"
-#include "desktops/background.h"
 #include "desktops/desktop_list.h"
 #include "desktops/desktop_switch.h"
 #include "desktops/window_desktop_map.h"
+#include "process/com.h"
 #include "process/profile.h"
 #include "process/shared_section.h"
 

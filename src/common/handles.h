@@ -43,12 +43,16 @@ struct KernelHandleTraits {
 };
 using KernelHandle = Owned<KernelHandleTraits>;
 
-struct RegionTraits {
-    using Handle = HRGN;
+// What the graphics interface deletes as its object.
+template <typename GdiHandle>
+struct GdiTraits {
+    using Handle = GdiHandle;
     static Handle Invalid() noexcept { return nullptr; }
     static void Close(Handle handle) noexcept { DeleteObject(handle); }
 };
-using Region = Owned<RegionTraits>;
+using Region = Owned<GdiTraits<HRGN>>;
+using Font = Owned<GdiTraits<HFONT>>;
+using Brush = Owned<GdiTraits<HBRUSH>>;
 
 struct LibraryTraits {
     using Handle = HMODULE;

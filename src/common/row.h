@@ -25,6 +25,12 @@ public:
         capacity = 0;
     }
 
+    // The ones behind it move down.
+    void RemoveAt(unsigned index) noexcept {
+        for (--count; index < count; ++index)
+            values[index] = values[index + 1];
+    }
+
     unsigned Count() const noexcept { return count; }
     Value At(unsigned index) const noexcept { return values[index]; }
     const Value* begin() const noexcept { return values; }

@@ -3,6 +3,7 @@
 #include "common/wide_text_buffer.h"
 #include "desktops/announcer.h"
 #include "desktops/window_desktop_map.h"
+#include "process/com.h"
 #include "process/profile.h"
 #include "process/registry_key.h"
 
@@ -16,25 +17,15 @@ namespace halyard {
 
 namespace {
 
-using CoInitializeFn = HRESULT(WINAPI*)(void*);
-using CoCreateInstanceFn = HRESULT(WINAPI*)(REFCLSID, IUnknown*, DWORD, REFIID, void**);
-
-CoInitializeFn coInitialize = nullptr;
-CoCreateInstanceFn coCreateInstance = nullptr;
-
 constexpr GUID ActiveDesktopClass = {0x75048700, 0xEF1F, 0x11D0, {0x98, 0x88, 0x00, 0x60, 0x97, 0xDE, 0xAC, 0xF9}};
 constexpr GUID ActiveDesktopInterface = {0xF490EB00, 0x1240, 0x11D1, {0x98, 0x88, 0x00, 0x60, 0x97, 0xDE, 0xAC, 0xF9}};
 
 // The shell's object, made for one operation and released with it.
 class ActiveDesktop {
 public:
-    ActiveDesktop() noexcept {
-        void* made = nullptr;
-        if (coCreateInstance &&
-            SUCCEEDED(coCreateInstance(ActiveDesktopClass, nullptr, CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER,
-                                       ActiveDesktopInterface, &made)))
-            object = static_cast<IActiveDesktop*>(made);
-    }
+    ActiveDesktop() noexcept
+        : object(static_cast<IActiveDesktop*>(
+              CreateObject(ActiveDesktopClass, CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER, ActiveDesktopInterface))) {}
     ActiveDesktop(const ActiveDesktop&) = delete;
     ActiveDesktop& operator=(const ActiveDesktop&) = delete;
     ~ActiveDesktop() {
@@ -44,7 +35,7 @@ public:
     IActiveDesktop* operator->() const noexcept { return object; }
 
 private:
-    IActiveDesktop* object = nullptr;
+    IActiveDesktop* object;
 };
 
 WALLPAPEROPT OptionsOf(const Desktop& desktop) noexcept {
@@ -63,14 +54,6 @@ void ReadConvertedWallpaper(TextBuffer& wallpaper) noexcept {
 }
 
 }  // namespace
-
-void BindCom() noexcept {
-    if (coInitialize) return;
-    const HMODULE ole = LoadLibraryA("ole32.dll");
-    coInitialize = EntryOf<CoInitializeFn>(ole, "CoInitialize");
-    coCreateInstance = EntryOf<CoCreateInstanceFn>(ole, "CoCreateInstance");
-    if (coInitialize && coCreateInstance) coInitialize(nullptr);
-}
 
 void CaptureBackground(Desktop& desktop) noexcept {
     if (!profile.isServerProcess) return;

@@ -27,6 +27,14 @@ enum ServerMessage : UINT {
     HM_COUNT_WINDOWS = 1195,       // the loader, sent; lParam: desktop id. Result: windows that the map has there
 };
 
+// From the server to the task list of the primary taskbar, posted; lParam: a handle of an event, valid in the shell's
+// process. The hook there answers through the shared section, then signals and closes the event.
+enum TrayMessage : UINT {
+    TM_FIND_WINDOW = 1144,  // wParam: window. Answer: its index in the list
+    TM_WINDOW_AT = 1145,    // wParam: index. Answer: the window
+};
+inline constexpr DWORD NotInTray = static_cast<DWORD>(-1);  // the answer when there is no such window or index
+
 // Timers of the server window.
 enum ServerTimer : UINT {
     PurgeTimer = 1,        // every 30 s: drops dead windows from the map

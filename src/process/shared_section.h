@@ -42,6 +42,27 @@ inline void SetServerWindow(HWND window) noexcept {
     sharedBlock.serverWindow = HandleBits(window);
 }
 
+inline HHOOK TrayHook() noexcept {
+    return HandleFromBits<HHOOK>(sharedBlock.trayHook);
+}
+inline void SetTrayHook(HHOOK hook) noexcept {
+    sharedBlock.trayHook = HandleBits(hook);
+}
+
+inline HWND TrayListWindow() noexcept {
+    return HandleFromBits<HWND>(sharedBlock.trayListWindow);
+}
+inline void SetTrayListWindow(HWND window) noexcept {
+    sharedBlock.trayListWindow = HandleBits(window);
+}
+
+inline DWORD TrayAnswer() noexcept {
+    return sharedBlock.trayAnswer;
+}
+inline void SetTrayAnswer(DWORD answer) noexcept {
+    sharedBlock.trayAnswer = answer;
+}
+
 inline DesktopId CurrentDesktopId() noexcept {
     return sharedBlock.currentDesktopId;
 }

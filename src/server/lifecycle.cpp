@@ -9,6 +9,7 @@
 #include "hook/hook_procs.h"
 #include "hotkeys/hotkeys.h"
 #include "process/broadcasts.h"
+#include "process/com.h"
 #include "process/profile.h"
 #include "process/settings.h"
 #include "process/shared_section.h"

@@ -12,6 +12,9 @@
 #include "server/hotkey_actions.h"
 #include "server/lifecycle.h"
 #include "taskbars/extras.h"
+#include "taskbars/shell_tabs.h"
+#include "taskbars/task_list.h"
+#include "taskbars/taskbar_manager.h"
 
 namespace halyard {
 

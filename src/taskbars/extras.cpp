@@ -1,23 +1,43 @@
 #include "taskbars/extras.h"
 
+#include "mirror/task_switch_mirror.h"
+#include "process/profile.h"
+#include "process/settings.h"
+#include "process/shared_section.h"
+#include "taskbars/taskbar_manager.h"
+#include "taskbars/tray_hook.h"
+#include "taskbars/window_icon.h"
+
+#include <commctrl.h>
+
 namespace halyard {
 
-void StartExtras() noexcept {}
-
-void StopExtras() noexcept {}
-
-void RefreshExtras() noexcept {}
-
-void SyncDisplays() noexcept {}
-
-bool OnWindowChanged(HWND, bool) noexcept {
-    return false;
+bool StartExtras() noexcept {
+    if (!profile.enumDisplayMonitors) return false;
+    InitCommonControls();
+    InstallTrayHook();
+    RefreshExtras();
+    return true;
 }
 
-void AddTab(HWND) noexcept {}
+void StopExtras() noexcept {
+    RemoveTrayHook();
+    DestroyAllTaskbars();
+    OutliveIconAnswers();
+    StopMirror();
+}
 
-void DeleteTab(HWND) noexcept {}
-
-void DeleteRetiredTaskbar(LPARAM) noexcept {}
+void RefreshExtras() noexcept {
+    if (HooksInstalled() && settings.TaskbarsEnable()) {
+        SyncDisplays();
+        FillTaskbars();
+    } else {
+        DestroyAllTaskbars();
+    }
+    if (settings.TaskswitchMirrorEnable())
+        StartMirror();
+    else
+        StopMirror();
+}
 
 }  // namespace halyard

@@ -1,0 +1,169 @@
+#include "mirror/task_switch_mirror.h"
+
+#include "common/handles.h"
+#include "common/row.h"
+#include "mirror/mirror_place.h"
+#include "process/profile.h"
+
+namespace halyard {
+
+namespace {
+
+constexpr ATOM SwitchWindowAtom = 0x8003;  // the system's class of the task-switch window
+constexpr UINT_PTR AltTimer = 100;         // of the manager window: looks whether Alt is up
+constexpr UINT AltPeriod = 250;            // ms
+constexpr UINT ForwardKeys = MOD_ALT;
+constexpr UINT ReverseKeys = MOD_ALT | MOD_SHIFT;
+constexpr char MirrorClass[] = "TevralWinswitchWindow";
+constexpr char ManagerClass[] = "TevralWinswitchManager";
+
+struct TaskSwitchMirror {
+    HWND mirrorManager = nullptr;  // never shown; has the hotkeys and the timer. Null when stopped
+    HWND switchWindow = nullptr;   // the real one, while there are mirrors of it
+    Row<HWND> mirrors;
+    ATOM forwardAtom = 0;  // also the ids of the hotkeys
+    ATOM reverseAtom = 0;
+    ATOM mirrorClass = 0;
+    ATOM managerClass = 0;
+};
+
+TaskSwitchMirror state;
+
+void PutOnTop(HWND mirror) noexcept {
+    SetWindowPos(mirror, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE);
+}
+
+void MakeMirror(const RECT& display) noexcept {
+    RECT original = {};
+    GetWindowRect(state.switchWindow, &original);
+    const RECT place = MirrorRect(original, display);
+    HWND mirror = CreateWindowExA(WS_EX_TOOLWINDOW, MAKEINTATOM(state.mirrorClass), nullptr,
+                                  WS_POPUP | WS_VISIBLE | WS_CLIPSIBLINGS | WS_CLIPCHILDREN, place.left, place.top,
+                                  WidthOf(place), HeightOf(place), nullptr, nullptr, profile.moduleInstance, nullptr);
+    if (!mirror) return;
+    PutOnTop(mirror);
+    state.mirrors.Add(mirror);
+}
+
+BOOL CALLBACK CreateMirror(HMONITOR display, HDC, RECT* displayRect, LPARAM) noexcept {
+    MONITORINFO info = {};
+    info.cbSize = sizeof(info);
+    // The real window is on the primary display.
+    if (profile.getMonitorInfo(display, &info) && info.dwFlags == 0) MakeMirror(*displayRect);
+    return TRUE;
+}
+
+void ShowMirrors() noexcept {
+    if (!state.switchWindow) {
+        // None yet: the next press looks again.
+        state.switchWindow = FindWindowA(MAKEINTATOM(SwitchWindowAtom), nullptr);
+        if (!state.switchWindow) return;
+        state.mirrors.Clear();
+        profile.enumDisplayMonitors(nullptr, nullptr, CreateMirror, 0);
+        SetTimer(state.mirrorManager, AltTimer, AltPeriod, nullptr);
+    }
+    for (HWND mirror : state.mirrors) {
+        InvalidateRect(mirror, nullptr, TRUE);
+        PutOnTop(mirror);
+    }
+}
+
+void PressKey(BYTE key) noexcept {
+    keybd_event(key, 0, 0, 0);
+}
+
+// Only presses: the user's own fingers let go. The system's switcher gets the keys while they aren't ours.
+void OnHotkey(ATOM id) noexcept {
+    const bool reverse = id == state.reverseAtom;
+    UnregisterHotKey(state.mirrorManager, id);
+    PressKey(VK_MENU);
+    if (reverse) PressKey(VK_SHIFT);
+    PressKey(VK_TAB);
+    ShowMirrors();
+    RegisterHotKey(state.mirrorManager, id, reverse ? ReverseKeys : ForwardKeys, VK_TAB);
+}
+
+LRESULT CALLBACK MirrorManagerWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_HOTKEY) {
+        const auto id = static_cast<ATOM>(wParam);
+        if (id && (id == state.forwardAtom || id == state.reverseAtom)) OnHotkey(id);
+        return 1;
+    }
+    if (message == WM_TIMER && GetKeyState(VK_MENU) >= 0) HideMirrors();
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
+// The real window may have gone; what the mirror shows then stays.
+void Paint(HWND mirror) noexcept {
+    PAINTSTRUCT paint;
+    HDC dc = BeginPaint(mirror, &paint);
+    const RECT& part = paint.rcPaint;
+    RECT original = {};
+    if (state.switchWindow && GetWindowRect(state.switchWindow, &original)) {
+        const ScreenDc screen;
+        BitBlt(dc, part.left, part.top, WidthOf(part), HeightOf(part), screen.get(), original.left + part.left,
+               original.top + part.top, SRCCOPY);
+    }
+    EndPaint(mirror, &paint);
+}
+
+LRESULT CALLBACK MirrorWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_PAINT) Paint(window);
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
+ATOM RegisterMirrorClass(const char* name, WNDPROC procedure) noexcept {
+    WNDCLASSEXA windowClass = {};
+    windowClass.cbSize = sizeof(windowClass);
+    windowClass.style = CS_VREDRAW | CS_HREDRAW;
+    windowClass.lpfnWndProc = procedure;
+    windowClass.hInstance = profile.moduleInstance;
+    windowClass.hCursor = LoadCursorA(nullptr, IDC_ARROW);
+    windowClass.lpszClassName = name;
+    return RegisterClassExA(&windowClass);
+}
+
+void DropAtom(ATOM& atom) noexcept {
+    if (atom) GlobalDeleteAtom(atom);
+    atom = 0;
+}
+
+}  // namespace
+
+void StartMirror() noexcept {
+    StopMirror();
+    if (!state.mirrorClass) {
+        state.mirrorClass = RegisterMirrorClass(MirrorClass, MirrorWndProc);
+        state.managerClass = RegisterMirrorClass(ManagerClass, MirrorManagerWndProc);
+    }
+    state.mirrorManager = CreateWindowExA(0, MAKEINTATOM(state.managerClass), nullptr, WS_OVERLAPPEDWINDOW, 0, 0, 0, 0,
+                                          nullptr, nullptr, profile.moduleInstance, nullptr);
+    if (!state.mirrorManager) return;
+    state.forwardAtom = GlobalAddAtomA("HalyardTaskbarHotkey");
+    RegisterHotKey(state.mirrorManager, state.forwardAtom, ForwardKeys, VK_TAB);
+    state.reverseAtom = GlobalAddAtomA("HalyardTaskbarHotkeyR");
+    RegisterHotKey(state.mirrorManager, state.reverseAtom, ReverseKeys, VK_TAB);
+}
+
+void StopMirror() noexcept {
+    if (state.mirrorManager) {
+        HideMirrors();
+        UnregisterHotKey(state.mirrorManager, state.forwardAtom);
+        UnregisterHotKey(state.mirrorManager, state.reverseAtom);
+        DestroyWindow(state.mirrorManager);
+        state.mirrorManager = nullptr;
+    }
+    DropAtom(state.forwardAtom);
+    DropAtom(state.reverseAtom);
+}
+
+void HideMirrors() noexcept {
+    KillTimer(state.mirrorManager, AltTimer);
+    if (state.switchWindow) PostMessageA(state.switchWindow, WM_CLOSE, 0, 0);
+    state.switchWindow = nullptr;
+    for (HWND mirror : state.mirrors)
+        PostMessageA(mirror, WM_CLOSE, 0, 0);
+    state.mirrors.Clear();
+}
+
+}  // namespace halyard

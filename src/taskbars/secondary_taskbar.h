@@ -1,0 +1,52 @@
+// One bar on one display, and its buttons.
+#pragma once
+
+#include "common/handles.h"
+#include "common/row.h"
+#include "common/text_buffer.h"
+#include "taskbars/bar_geometry.h"
+
+#include <commctrl.h>
+
+namespace halyard {
+
+struct ImageListTraits {
+    using Handle = HIMAGELIST;
+    static Handle Invalid() noexcept { return nullptr; }
+    static void Close(Handle handle) noexcept { ImageList_Destroy(handle); }
+};
+using ImageList = Owned<ImageListTraits>;
+
+struct TaskButton {
+    int image = I_IMAGENONE;  // in the bar's list
+    TextBuffer text;          // the window's title
+    HWND window = nullptr;
+    bool onThisDisplay = false;  // whether the window counted as being on the bar's display when last looked at
+    WORD commandId = 0;          // of the toolbar's button
+};
+
+// On the server's thread. Whoever holds a pointer to one or to its buttons across a call that lets messages in asks
+// `IsLive` again behind it: a display can go meanwhile.
+struct SecondaryTaskbar {
+    DWORD displayIndex = 0;  // counted from 1; names the stored values
+    HMONITOR display = nullptr;
+    HWND window = nullptr;
+    HWND toolbar = nullptr;
+    RECT displayRect = {};  // all of the display
+    RECT windowRect = {};   // of the bar when shown, also while it is slid away
+    LONG clientWidth = 0;
+    LONG clientHeight = 0;
+    BarShape shape;
+    Row<TaskButton*> buttons;  // in the order of arrival; owned
+    bool raised = false;       // its Z order has been put right after a full-screen program
+    bool autohide = false;
+    bool hidden = false;  // slid away
+    bool busy = false;    // a menu is open, or the user moves or sizes the bar: it doesn't slide away
+    bool onTop = false;
+    bool shellHookAttached = false;
+    Font boldFont;      // these two of the checked button, made at first use
+    Brush ditherBrush;  //
+    ImageList imageList;
+};
+
+}  // namespace halyard

@@ -1,0 +1,194 @@
+#include "taskbars/task_buttons.h"
+
+#include "process/profile.h"
+#include "taskbars/task_list.h"
+#include "taskbars/taskbar_manager.h"
+#include "taskbars/taskbar_theme.h"
+#include "taskbars/window_icon.h"
+
+namespace halyard {
+
+namespace {
+
+constexpr WORD SeparatorBit = 0x8000;   // sets the id of a button's separator apart from its own
+constexpr int SeparatorWidth = 3;       // pixels
+constexpr UINT OpenSystemMenu = 0x313;  // asks a window to open its system menu; lParam: where, on the screen
+constexpr UINT ProgramTimeout = 2000;   // ms that a click waits for a program that is hung
+constexpr DWORD ToolbarStyle = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | TBSTYLE_TRANSPARENT | TBSTYLE_LIST |
+                               TBSTYLE_WRAPABLE | TBSTYLE_TOOLTIPS | CCS_NODIVIDER | CCS_NORESIZE | CCS_TOP;
+static_assert(ToolbarStyle == 0x52009345);
+
+// With wParam or lParam as a number.
+LRESULT Send(const SecondaryTaskbar& bar, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) noexcept {
+    return SendMessageA(bar.toolbar, message, wParam, lParam);
+}
+
+template <typename Structure>
+LRESULT Send(const SecondaryTaskbar& bar, UINT message, WPARAM wParam, Structure* structure) noexcept {
+    return SendMessageA(bar.toolbar, message, wParam, reinterpret_cast<LPARAM>(structure));
+}
+
+void DeleteEntry(const SecondaryTaskbar& bar, WORD commandId) noexcept {
+    const LRESULT index = Send(bar, TB_COMMANDTOINDEX, commandId);
+    if (index >= 0) Send(bar, TB_DELETEBUTTON, static_cast<WPARAM>(index));
+}
+
+void InsertSeparator(const SecondaryTaskbar& bar, const TBBUTTON& ahead, int position) noexcept {
+    TBBUTTON separator = {};
+    separator.iBitmap = SeparatorWidth;
+    separator.idCommand = ahead.idCommand | SeparatorBit;
+    separator.fsStyle = BTNS_SEP;
+    separator.dwData = ahead.dwData;
+    Send(bar, TB_INSERTBUTTONA, static_cast<WPARAM>(position < 0 ? -1 : position + 1), &separator);
+}
+
+// A hung program gets the command when it comes round to it.
+void SendCommand(HWND window, WPARAM command) noexcept {
+    DWORD_PTR answer = 0;
+    SendMessageTimeoutA(window, WM_SYSCOMMAND, command, 0, SMTO_ABORTIFHUNG, ProgramTimeout, &answer);
+}
+
+// The button's present picture, if it has one, gives way.
+bool SetButtonIcon(SecondaryTaskbar& bar, TaskButton& button, HICON icon) noexcept {
+    const int image = ImageList_ReplaceIcon(bar.imageList.get(), button.image >= 0 ? button.image : -1, icon);
+    if (image < 0) return false;
+    button.image = image;
+    TBBUTTONINFOA info = {};
+    info.cbSize = sizeof(info);
+    info.dwMask = TBIF_IMAGE;
+    info.iImage = image;
+    Send(bar, TB_SETBUTTONINFOA, button.commandId, &info);
+    return true;
+}
+
+bool ShowIcon(HWND window, HICON icon) noexcept {
+    bool isGood = true;
+    for (unsigned index = 0; index < TaskbarCount(); ++index) {
+        TaskButton* button = FindButton(TaskbarAt(index), window);
+        if (button && !SetButtonIcon(TaskbarAt(index), *button, icon)) isGood = false;
+    }
+    return isGood;
+}
+
+void PlaceToolbar(const SecondaryTaskbar& bar) noexcept {
+    LONG above = 0;
+    if (profile.isWindows2000) {
+        // The control keeps a margin there, which would show as an edge.
+        above = GetWindowLongA(bar.window, GWL_STYLE) & WS_BORDER ? 2 : 1;
+    } else {
+        // Elsewhere it keeps none, or one above the buttons, for which a bar has no room.
+        RECT first = {};
+        if (Send(bar, TB_GETITEMRECT, 0, &first)) above = first.top;
+    }
+    const LONG below = profile.isWindows2000 ? above : 0;
+    SetWindowPos(bar.toolbar, nullptr, 0, -above, bar.clientWidth, bar.clientHeight + above + below,
+                 SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS | SWP_NOOWNERZORDER);
+}
+
+}  // namespace
+
+void CreateToolbar(SecondaryTaskbar& bar) noexcept {
+    bar.toolbar = CreateWindowExA(0, TOOLBARCLASSNAMEA, "Running Applications", ToolbarStyle, 0, 0, 0, 0, bar.window,
+                                  nullptr, profile.moduleInstance, nullptr);
+    bar.imageList.Reset(
+        ImageList_Create(GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON), ILC_COLOR32 | ILC_MASK, 4, 4));
+    Send(bar, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON));
+    Send(bar, TB_SETIMAGELIST, 0, bar.imageList.get());
+}
+
+void InsertToolbarButton(SecondaryTaskbar& bar, TaskButton& button, int position) noexcept {
+    TBBUTTON entry = {};
+    entry.iBitmap = button.image;
+    entry.idCommand = button.commandId;
+    entry.fsState = TBSTATE_ENABLED;
+    entry.fsStyle = BTNS_CHECK | BTNS_NOPREFIX | BTNS_SHOWTEXT;
+    entry.dwData = reinterpret_cast<DWORD_PTR>(&button);
+    entry.iString = reinterpret_cast<INT_PTR>(button.text.Text());
+    // A separator stands behind each button there.
+    if (profile.isWindows2000 && position > 0) position *= 2;
+    if (Send(bar, TB_INSERTBUTTONA, static_cast<WPARAM>(position), &entry) && profile.isWindows2000)
+        InsertSeparator(bar, entry, position);
+}
+
+void DeleteToolbarButton(SecondaryTaskbar& bar, const TaskButton& button) noexcept {
+    DeleteEntry(bar, button.commandId);
+    if (profile.isWindows2000) DeleteEntry(bar, button.commandId | SeparatorBit);
+}
+
+void ShowButtonText(SecondaryTaskbar& bar, const TaskButton& button) noexcept {
+    TBBUTTONINFOA info = {};
+    info.cbSize = sizeof(info);
+    info.dwMask = TBIF_TEXT;
+    info.pszText = const_cast<char*>(button.text.Text());
+    Send(bar, TB_SETBUTTONINFOA, button.commandId, &info);
+}
+
+void SizeButtons(SecondaryTaskbar& bar) noexcept {
+    const ButtonSize size =
+        SizeOfButtons(bar.shape, bar.buttons.Count(), bar.clientWidth, DrawsWithTheme(), ActiveMetrics());
+    Send(bar, TB_SETBUTTONSIZE, 0, MAKELPARAM(size.width, size.height));
+    Send(bar, TB_AUTOSIZE);
+    PlaceToolbar(bar);
+}
+
+void UncheckOtherButtons(SecondaryTaskbar& bar, const TaskButton* except) noexcept {
+    for (const TaskButton* button : bar.buttons) {
+        if (button == except) continue;
+        const LRESULT state = Send(bar, TB_GETSTATE, button->commandId);
+        if (state & TBSTATE_CHECKED) Send(bar, TB_SETSTATE, button->commandId, state & ~LRESULT{TBSTATE_CHECKED});
+    }
+}
+
+void CheckButton(SecondaryTaskbar& bar, const TaskButton& button) noexcept {
+    const LRESULT state = Send(bar, TB_GETSTATE, button.commandId);
+    if (!(state & TBSTATE_CHECKED)) Send(bar, TB_SETSTATE, button.commandId, state | TBSTATE_CHECKED);
+}
+
+void GiveButtonIcon(HWND window) noexcept {
+    FindIcon(window, ShowIcon);
+}
+
+int HitTestButtons(const SecondaryTaskbar& bar, POINT point) noexcept {
+    ScreenToClient(bar.toolbar, &point);
+    return static_cast<int>(Send(bar, TB_HITTEST, 0, &point));
+}
+
+void OnButtonClick(SecondaryTaskbar& bar, TaskButton* button) noexcept {
+    if (!button) {
+        UncheckOtherButtons(bar, nullptr);
+        return;
+    }
+    // The control has toggled the button already.
+    const bool wasActive = !(Send(bar, TB_GETSTATE, button->commandId) & TBSTATE_CHECKED);
+    UncheckOtherButtons(bar, button);
+    HWND window = button->window;
+    if (!IsWindow(window)) {
+        RemoveButton(bar, window, false);
+    } else if (wasActive) {
+        SendCommand(window, SC_MINIMIZE);
+    } else {
+        if (IsIconic(window)) SendCommand(window, SC_RESTORE);
+        SetForegroundWindow(window);
+    }
+}
+
+void OnButtonMenu(const SecondaryTaskbar& bar, int entry, POINT point) noexcept {
+    TBBUTTONINFOA info = {};
+    info.cbSize = sizeof(info);
+    info.dwMask = TBIF_BYINDEX | TBIF_LPARAM;
+    if (Send(bar, TB_GETBUTTONINFOA, static_cast<WPARAM>(entry), &info) < 0 || !info.lParam) return;
+    HWND window = reinterpret_cast<const TaskButton*>(info.lParam)->window;
+    SetForegroundWindow(window);
+    SendNotifyMessageA(window, OpenSystemMenu, 0, MAKELPARAM(point.x, point.y));
+}
+
+bool MinimiseRect(const SecondaryTaskbar& bar, HWND window, RECT& place) noexcept {
+    const TaskButton* button = FindButton(bar, window);
+    if (!button || !button->onThisDisplay) return false;
+    const LRESULT index = Send(bar, TB_COMMANDTOINDEX, button->commandId);
+    Send(bar, TB_GETITEMRECT, static_cast<WPARAM>(index), &place);
+    MapWindowPoints(bar.toolbar, nullptr, reinterpret_cast<POINT*>(&place), 2);
+    return true;
+}
+
+}  // namespace halyard

@@ -1,0 +1,170 @@
+#include "taskbars/task_list.h"
+
+#include "process/protocol.h"
+#include "process/settings.h"
+#include "process/shared_section.h"
+#include "taskbars/button_ids.h"
+#include "taskbars/shell_tabs.h"
+#include "taskbars/task_buttons.h"
+#include "taskbars/task_windows.h"
+#include "taskbars/taskbar_manager.h"
+#include "taskbars/tray_hook.h"
+
+#include <new>
+
+namespace halyard {
+
+namespace {
+
+constexpr int FirstTitleRoom = 200;  // characters of a new button's title
+constexpr int TitleRoom = 261;       // of a later one
+
+ButtonIds buttonIds;
+
+unsigned IndexOf(const SecondaryTaskbar& bar, HWND window) noexcept {
+    unsigned index = 0;
+    while (index < bar.buttons.Count() && bar.buttons.At(index)->window != window)
+        ++index;
+    return index;
+}
+
+// How many of the windows ahead of this one on the primary taskbar this bar shows, too: it stands behind them here. -1:
+// the primary taskbar doesn't have it.
+int PlaceAmongAll(const SecondaryTaskbar& bar, HWND window) noexcept {
+    const DWORD index = AskTray(TM_FIND_WINDOW, reinterpret_cast<WPARAM>(window));
+    if (index == NotInTray) return -1;
+    int place = static_cast<int>(index);
+    for (DWORD ahead = 0; ahead < index; ++ahead) {
+        if (!FindButton(bar, HandleFromBits<HWND>(AskTray(TM_WINDOW_AT, ahead)))) --place;
+    }
+    return place;
+}
+
+void PostTab(ServerMessage message, HWND window) noexcept {
+    PostMessageA(ServerWindow(), message, reinterpret_cast<WPARAM>(window), 0);
+}
+
+// `apply` of OnWindowChanged, while each bar shows the windows of its display.
+void MoveToItsBar(SecondaryTaskbar& bar, HWND window, bool isHome) noexcept {
+    if (!isHome) {
+        RemoveButton(bar, window, false);
+        return;
+    }
+    if (TaskButton* button = FindButton(bar, window))
+        button->onThisDisplay = true;
+    else
+        AddButton(bar, window, true);
+    PostTab(HM_TAB_DELETE, window);
+}
+
+}  // namespace
+
+TaskButton* FindButton(const SecondaryTaskbar& bar, HWND window) noexcept {
+    const unsigned index = IndexOf(bar, window);
+    return index < bar.buttons.Count() ? bar.buttons.At(index) : nullptr;
+}
+
+TaskButton* AddButton(SecondaryTaskbar& bar, HWND window, bool onThisDisplay) noexcept {
+    // The questions let messages in: first they, then the change.
+    const int place = settings.TaskbarsShowAllTasks() ? PlaceAmongAll(bar, window) : -1;
+    if (!IsLive(&bar)) return nullptr;
+    if (TaskButton* added = FindButton(bar, window)) return added;
+    auto* button = new (std::nothrow) TaskButton;
+    if (!button) return nullptr;
+    button->window = window;
+    button->onThisDisplay = onThisDisplay;
+    button->commandId = buttonIds.Take();
+    char title[FirstTitleRoom] = {};
+    GetWindowTextA(window, title, FirstTitleRoom);
+    button->text = title;
+    bar.buttons.Add(button);
+    InsertToolbarButton(bar, *button, place);
+    GiveButtonIcon(window);
+    SizeButtons(bar);
+    return button;
+}
+
+void RemoveButton(SecondaryTaskbar& bar, HWND window, bool giveBack) noexcept {
+    const unsigned index = IndexOf(bar, window);
+    if (index == bar.buttons.Count()) return;
+    TaskButton* button = bar.buttons.At(index);
+    bar.buttons.RemoveAt(index);
+    DeleteToolbarButton(bar, *button);
+    buttonIds.GiveBack(button->commandId);
+    delete button;
+    SizeButtons(bar);
+    if (giveBack) AddTab(window);
+}
+
+void ScanWindow(HWND window, SecondaryTaskbar& bar) noexcept {
+    if (!IsTaskWindow(window)) return;
+    const bool isHome = IsOnDisplay(bar, window);
+    const bool showAll = settings.TaskbarsShowAllTasks();
+    if (showAll) {
+        PostTab(HM_TAB_ADD, window);
+    } else if (!isHome) {
+        RemoveButton(bar, window, true);
+        return;
+    }
+    if (!FindButton(bar, window)) AddButton(bar, window, isHome);
+    if (!showAll) PostTab(HM_TAB_DELETE, window);
+}
+
+void OnWindowActivated(SecondaryTaskbar& bar, HWND window) noexcept {
+    if (!window) return;
+    const bool isHome = IsOnDisplay(bar, window);
+    const bool showAll = settings.TaskbarsShowAllTasks();
+    TaskButton* button = FindButton(bar, window);
+    if (button && !IsTaskWindow(window)) {
+        RemoveButton(bar, window, false);
+        return;
+    }
+    if (!showAll && !isHome) {
+        RemoveButton(bar, window, true);
+        UncheckOtherButtons(bar, nullptr);
+        return;
+    }
+    if (!button) button = AddButton(bar, window, isHome);
+    if (!button) return;
+    UncheckOtherButtons(bar, button);
+    CheckButton(bar, *button);
+}
+
+void OnWindowRedraw(SecondaryTaskbar& bar, HWND window) noexcept {
+    TaskButton* button = FindButton(bar, window);
+    if (!button) return;
+    char title[TitleRoom] = {};
+    GetWindowTextA(window, title, TitleRoom);
+    if (!*title) return;
+    button->text = title;
+    ShowButtonText(bar, *button);
+}
+
+void OnWindowDestroyed(SecondaryTaskbar& bar, HWND window) noexcept {
+    RemoveButton(bar, window, false);
+}
+
+bool OnWindowChanged(HWND window, bool apply) noexcept {
+    // Without a bar, the primary taskbar is the business of the shell and its programs alone.
+    if (TaskbarCount() == 0 || !IsTaskWindow(window)) return false;
+    const bool showAll = settings.TaskbarsShowAllTasks();
+    bool found = false;
+    for (unsigned index = 0; index < TaskbarCount(); ++index) {
+        SecondaryTaskbar& bar = TaskbarAt(index);
+        const bool isHome = IsOnDisplay(bar, window);
+        if (showAll) {
+            // The others pick the window up when it is active next.
+            if (TaskButton* button = FindButton(bar, window))
+                button->onThisDisplay = isHome;
+            else
+                AddButton(bar, window, true);
+            return false;
+        }
+        found = found || isHome;
+        if (apply) MoveToItsBar(bar, window, isHome);
+    }
+    if (apply && !found) PostTab(HM_TAB_ADD, window);
+    return found;
+}
+
+}  // namespace halyard

@@ -1,0 +1,86 @@
+#include "taskbars/taskbar_menu.h"
+
+#include "config/config_dialog.h"
+#include "process/profile.h"
+#include "process/settings.h"
+#include "process/store.h"
+#include "resources/resource_ids.h"
+#include "taskbars/docking.h"
+#include "taskbars/taskbar_manager.h"
+
+#include <shellapi.h>
+
+namespace halyard {
+
+namespace {
+
+constexpr int TaskbarsPage = 1;  // of the property sheet
+
+struct MenuTraits {
+    using Handle = HMENU;
+    static Handle Invalid() noexcept { return nullptr; }
+    static void Close(Handle handle) noexcept { DestroyMenu(handle); }
+};
+
+void SetCheck(HMENU menu, UINT command, bool checked) noexcept {
+    MENUITEMINFOA item = {};
+    item.cbSize = sizeof(item);
+    item.fMask = MIIM_STATE;
+    item.fState = checked ? MFS_CHECKED : MFS_UNCHECKED;
+    SetMenuItemInfoA(menu, command, FALSE, &item);
+}
+
+// In memory only: the bars come back with the next reading of the settings.
+void Close() noexcept {
+    DestroyAllTaskbars();
+    settings.SetTaskbarsEnable(false);
+}
+
+void ToggleAutohide(SecondaryTaskbar& bar) noexcept {
+    SetAutohide(bar, !bar.autohide);
+    WriteIndexedValue(bar.displayIndex, AutohideValue, bar.autohide);
+}
+
+void ToggleLocked(SecondaryTaskbar& bar) noexcept {
+    bar.shape.locked = !bar.shape.locked;
+    WriteIndexedValue(bar.displayIndex, LockedValue, bar.shape.locked);
+    ApplyTaskbarRect(bar, true, true);
+}
+
+void ToggleOnTop(SecondaryTaskbar& bar) noexcept {
+    bar.onTop = !bar.onTop;
+    WriteIndexedValue(bar.displayIndex, OnTopValue, bar.onTop);
+    bar.raised = false;
+    SetRaised(bar, false);
+}
+
+}  // namespace
+
+void ShowTaskbarMenu(SecondaryTaskbar& bar) noexcept {
+    const Owned<MenuTraits> menu(LoadMenuA(profile.moduleInstance, MAKEINTRESOURCEA(IDM_TASKBAR)));
+    HMENU popup = GetSubMenu(menu.get(), 0);
+    const DWORD where = GetMessagePos();
+    SetCheck(popup, IDC_LOCK_TASKBAR, bar.shape.locked);
+    SetCheck(popup, IDC_AUTOHIDE, bar.autohide);
+    SetCheck(popup, IDC_ON_TOP, bar.onTop);
+    bar.busy = true;
+    // A menu of a window that isn't active would stay when the user clicks elsewhere.
+    SetForegroundWindow(bar.window);
+    TrackPopupMenuEx(popup, TPM_NONOTIFY, static_cast<short>(LOWORD(where)), static_cast<short>(HIWORD(where)),
+                     bar.window, nullptr);
+    if (IsLive(&bar)) bar.busy = false;
+}
+
+bool RunTaskbarCommand(SecondaryTaskbar& bar, UINT command) noexcept {
+    switch (command) {
+    case IDC_CLOSE_TASKBARS: Close(); return true;
+    case IDC_AUTOHIDE: ToggleAutohide(bar); return true;
+    case IDC_LOCK_TASKBAR: ToggleLocked(bar); return true;
+    case IDC_ON_TOP: ToggleOnTop(bar); return true;
+    case IDC_TASKBAR_PROPERTIES: OpenConfigDialog(TaskbarsPage); return true;
+    case IDC_TASK_MANAGER: ShellExecuteA(nullptr, "open", "taskmgr.exe", nullptr, nullptr, SW_SHOWNORMAL); return false;
+    }
+    return false;
+}
+
+}  // namespace halyard

@@ -1,0 +1,239 @@
+#include "taskbars/taskbar_window.h"
+
+#include "common/rectangles.h"
+#include "mirror/task_switch_mirror.h"
+#include "process/profile.h"
+#include "process/store.h"
+#include "resources/resource_ids.h"
+#include "taskbars/docking.h"
+#include "taskbars/task_buttons.h"
+#include "taskbars/task_list.h"
+#include "taskbars/taskbar_manager.h"
+#include "taskbars/taskbar_menu.h"
+#include "taskbars/taskbar_theme.h"
+#include "taskbars/tray_hook.h"
+
+namespace halyard {
+
+namespace {
+
+constexpr UINT AskMinimiseRect = 139;  // wParam: a window, lParam: the rectangle to fill
+constexpr WPARAM EventCode = 0x7FFF;   // of a shell event, without the flag that some carry
+
+// The object of the window that is being made.
+SecondaryTaskbar* pendingTaskbar = nullptr;
+
+SecondaryTaskbar* TaskbarOf(HWND window) noexcept {
+    auto* bar = reinterpret_cast<SecondaryTaskbar*>(GetWindowLongPtrA(window, GWLP_USERDATA));
+    if (bar || !pendingTaskbar) return bar;
+    bar = pendingTaskbar;
+    pendingTaskbar = nullptr;
+    bar->window = window;
+    SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(bar));
+    return bar;
+}
+
+void OnShellEvent(SecondaryTaskbar& bar, WPARAM event, HWND window) noexcept {
+    switch (event & EventCode) {
+    case HSHELL_WINDOWDESTROYED: OnWindowDestroyed(bar, window); break;
+    case HSHELL_WINDOWACTIVATED:
+        if (window) HideMirrors();
+        OnWindowActivated(bar, window);
+        break;
+    case HSHELL_REDRAW: OnWindowRedraw(bar, window); break;
+    }
+}
+
+// The shell has started anew, and knows nothing of us.
+void OnTaskbarCreated(SecondaryTaskbar& bar) noexcept {
+    InstallTrayHook();
+    AttachShellHook(bar, true);
+}
+
+void OnSize(SecondaryTaskbar& bar, LONG width, LONG height) noexcept {
+    bar.clientWidth = width;
+    bar.clientHeight = height;
+    SizeButtons(bar);
+}
+
+// True: answered with `result`.
+bool OnNotify(SecondaryTaskbar& bar, const NMHDR& notice, LRESULT& result) noexcept {
+    switch (notice.code) {
+    case static_cast<UINT>(NM_CUSTOMDRAW):
+        return DrawButton(bar, reinterpret_cast<const NMTBCUSTOMDRAW&>(notice), result);
+    case static_cast<UINT>(NM_CLICK):
+        OnButtonClick(bar, reinterpret_cast<TaskButton*>(reinterpret_cast<const NMMOUSE&>(notice).dwItemData));
+        break;
+    case static_cast<UINT>(NM_LDOWN): StartDrag(bar); break;
+    }
+    return false;
+}
+
+void OnContextMenu(SecondaryTaskbar& bar, POINT point) noexcept {
+    const int entry = HitTestButtons(bar, point);
+    if (entry >= 0)
+        OnButtonMenu(bar, entry, point);
+    else
+        ShowTaskbarMenu(bar);
+}
+
+void OnDisplayChange(SecondaryTaskbar& bar) noexcept {
+    MONITORINFO info = {};
+    info.cbSize = sizeof(info);
+    if (!profile.getMonitorInfo(bar.display, &info)) {
+        DestroyTaskbar(bar);
+        return;
+    }
+    if (SameRect(info.rcMonitor, bar.displayRect)) return;
+    bar.displayRect = info.rcMonitor;
+    ApplyTaskbarRect(bar, true, true);
+}
+
+LRESULT OnNcCalcSize(const SecondaryTaskbar& bar, WPARAM wParam, LPARAM lParam) noexcept {
+    const LRESULT result = wParam ? DefWindowProcA(bar.window, WM_NCCALCSIZE, wParam, lParam) : 0;
+    auto& rect = *reinterpret_cast<RECT*>(lParam);
+    rect = LessSizingStrip(rect, bar.shape.edge);
+    return result;
+}
+
+LRESULT OnEraseBackground(const SecondaryTaskbar& bar, HDC dc) noexcept {
+    RECT client = {};
+    GetClientRect(bar.window, &client);
+    DrawBarBackground(bar, dc, client);
+    return 1;
+}
+
+void OnThemeChanged(SecondaryTaskbar& bar) noexcept {
+    ReloadTheme();
+    ApplyTheme(bar);
+    ApplyTaskbarRect(bar, true, false);
+}
+
+void OnExitSizeMove(SecondaryTaskbar& bar) noexcept {
+    bar.busy = false;
+    ApplyTaskbarRect(bar, true, false);
+}
+
+void OnTimer(SecondaryTaskbar& bar, WPARAM timer) noexcept {
+    if (timer == HideTimer && TryHideTaskbar(bar)) KillTimer(bar.window, HideTimer);
+}
+
+POINT ScreenPoint(LPARAM lParam) noexcept {
+    return {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
+}
+
+// Messages that end here. False: the platform answers, behind whatever is done of it here.
+bool HandleMessage(SecondaryTaskbar& bar, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) noexcept {
+    switch (message) {
+    case AppBarCallback: OnAppBarNotice(bar, wParam, lParam); return true;
+    case WM_SIZE: OnSize(bar, LOWORD(lParam), HIWORD(lParam)); return true;
+    case WM_NOTIFY: return OnNotify(bar, *reinterpret_cast<const NMHDR*>(lParam), result);
+    case WM_CONTEXTMENU: OnContextMenu(bar, ScreenPoint(lParam)); return true;
+    case WM_DISPLAYCHANGE: OnDisplayChange(bar); return true;
+    case WM_ERASEBKGND: result = OnEraseBackground(bar, reinterpret_cast<HDC>(wParam)); return true;
+    case WM_NCCALCSIZE:
+        if (!HasSizingStrip(bar)) return false;
+        result = OnNcCalcSize(bar, wParam, lParam);
+        return true;
+    case WM_NCHITTEST: result = HitTestBar(bar, lParam); return true;
+    case WM_NCPAINT: return DrawSizingStrip(bar);
+    case AskMinimiseRect:
+        result = MinimiseRect(bar, reinterpret_cast<HWND>(wParam), *reinterpret_cast<RECT*>(lParam));
+        return true;
+    case WM_COMMAND: return RunTaskbarCommand(bar, LOWORD(wParam));
+    case WM_EXITSIZEMOVE: OnExitSizeMove(bar); return true;
+    }
+    return false;
+}
+
+// What is done beside the platform's own answer.
+void ObserveMessage(SecondaryTaskbar& bar, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+    switch (message) {
+    case WM_CREATE: CreateToolbar(bar); break;
+    case WM_ACTIVATE:
+        if (wParam == WA_INACTIVE && bar.autohide) TryHideTaskbar(bar);
+        break;
+    case WM_NCRBUTTONUP: SendMessageA(bar.window, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(bar.window), lParam); break;
+    case WM_TIMER: OnTimer(bar, wParam); break;
+    case WM_MOUSEMOVE: ContinueDrag(bar.window, lParam); break;
+    case WM_LBUTTONUP:
+    case WM_CAPTURECHANGED: EndDrag(); break;
+    case WM_SIZING: ConstrainSizing(bar, *reinterpret_cast<RECT*>(lParam)); break;
+    case WM_ENTERSIZEMOVE: bar.busy = true; break;
+    case WM_THEMECHANGED: OnThemeChanged(bar); break;
+    }
+}
+
+LRESULT CALLBACK TaskbarWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    SecondaryTaskbar* bar = TaskbarOf(window);
+    if (!bar) return DefWindowProcA(window, message, wParam, lParam);
+    if (message == profile.shellHookMessage) {
+        OnShellEvent(*bar, wParam, reinterpret_cast<HWND>(lParam));
+        return 1;
+    }
+    if (message == profile.taskbarCreatedMessage) {
+        OnTaskbarCreated(*bar);
+        return 0;
+    }
+    LRESULT result = 0;
+    if (HandleMessage(*bar, message, wParam, lParam, result)) return result;
+    ObserveMessage(*bar, message, wParam, lParam);
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
+void RegisterTaskbarClass() noexcept {
+    static ATOM registered = 0;
+    if (registered) return;
+    WNDCLASSEXA windowClass = {};
+    windowClass.cbSize = sizeof(windowClass);
+    windowClass.style = CS_DBLCLKS;
+    windowClass.lpfnWndProc = TaskbarWndProc;
+    windowClass.hInstance = profile.moduleInstance;
+    windowClass.hCursor = LoadCursorA(nullptr, IDC_ARROW);
+    windowClass.lpszClassName = TaskbarWindowClass;
+    registered = RegisterClassExA(&windowClass);
+}
+
+}  // namespace
+
+void InitTaskbar(SecondaryTaskbar& bar, DWORD displayIndex, HMONITOR display, const RECT& displayRect) noexcept {
+    bar.displayIndex = displayIndex;
+    bar.display = display;
+    bar.displayRect = displayRect;
+    bar.shape.edge = ReadIndexedValue(displayIndex, EdgeValue, BottomEdge);
+    bar.onTop = ReadIndexedValue(displayIndex, OnTopValue, 1) != 0;
+    const bool autohide = ReadIndexedValue(displayIndex, AutohideValue, 0) != 0;
+    const bool locked = ReadIndexedValue(displayIndex, LockedValue, 0) != 0;
+    RegisterTaskbarClass();
+    ReloadTheme();
+    const RECT place = ComputeTaskbarRect(bar);
+    pendingTaskbar = &bar;
+    bar.window =
+        CreateWindowExA(WS_EX_TOOLWINDOW, TaskbarWindowClass, nullptr, ClassicMetrics.windowStyle, place.left,
+                        place.top, WidthOf(place), HeightOf(place), nullptr, nullptr, profile.moduleInstance, nullptr);
+    pendingTaskbar = nullptr;
+    ApplyTheme(bar);
+    AttachShellHook(bar, true);
+    ApplyOnTop(bar);
+    // So that it runs whichever it is.
+    bar.autohide = !autohide;
+    SetAutohide(bar, autohide);
+    // By the same road as the user's own command.
+    if (locked) PostMessageA(bar.window, WM_COMMAND, IDC_LOCK_TASKBAR, 0);
+}
+
+void ShutdownTaskbar(SecondaryTaskbar& bar) noexcept {
+    WriteIndexedValue(bar.displayIndex, EdgeValue, bar.shape.edge);
+    WriteIndexedValue(bar.displayIndex, AutohideValue, bar.autohide);
+    WriteIndexedValue(bar.displayIndex, OnTopValue, bar.onTop);
+    WriteIndexedValue(bar.displayIndex, LockedValue, bar.shape.locked);
+    while (bar.buttons.Count() > 0)
+        RemoveButton(bar, bar.buttons.At(0)->window, true);
+    AttachShellHook(bar, false);
+    ForgetDrag(bar);
+    SetWindowLongPtrA(bar.window, GWLP_USERDATA, 0);
+    DestroyWindow(bar.window);
+    ReleaseSpace(bar);
+}
+
+}  // namespace halyard

@@ -1,0 +1,113 @@
+#include "taskbars/tray_hook.h"
+
+#include "common/handles.h"
+#include "process/com.h"
+#include "process/profile.h"
+#include "process/protocol.h"
+#include "process/shared_section.h"
+#include "taskbars/shell_tabs.h"
+#include "taskbars/taskbar_manager.h"
+
+#include <commctrl.h>
+#include <initializer_list>
+
+namespace halyard {
+
+namespace {
+
+constexpr DWORD AnswerTimeout = 5000;  // ms
+
+// On the server's thread.
+struct Shell {
+    unsigned scans = 0;     // that are under way
+    bool isSilent = false;  // it let a question of the present scan go unanswered
+};
+
+Shell shell;
+
+HWND TrayWindow() noexcept {
+    return FindWindowA("Shell_TrayWnd", nullptr);
+}
+
+HWND FindTrayList(HWND tray) noexcept {
+    // Without a parent the platform would search the whole desktop.
+    HWND found = tray;
+    for (const char* name :
+         {"ReBarWindow32", "MSTaskSwWClass", profile.isWindows2000 ? WC_TABCONTROLA : TOOLBARCLASSNAMEA})
+        found = found ? FindWindowExA(found, nullptr, name, nullptr) : nullptr;
+    return found;
+}
+
+// Lets the thread take the hook in, or drop it, without waiting for it.
+void Wake(HWND tray) noexcept {
+    if (tray) SendNotifyMessageA(tray, WM_NULL, 0, 0);
+}
+
+// The hook's messages to the server are let in meanwhile: the shell's thread may be waiting for just that.
+bool WaitForAnswer(HANDLE answered) noexcept {
+    const DWORD start = GetTickCount();
+    for (DWORD waited = 0; waited < AnswerTimeout; waited = GetTickCount() - start) {
+        if (MsgWaitForMultipleObjects(1, &answered, FALSE, AnswerTimeout - waited, QS_SENDMESSAGE) == WAIT_OBJECT_0)
+            return true;
+        MSG message;
+        PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE | (QS_SENDMESSAGE << 16));
+    }
+    return WaitForSingleObject(answered, 0) == WAIT_OBJECT_0;
+}
+
+HANDLE HandleInProcess(HANDLE process, HANDLE own) noexcept {
+    HANDLE duplicate = nullptr;
+    DuplicateHandle(GetCurrentProcess(), own, process, &duplicate, 0, FALSE, DUPLICATE_SAME_ACCESS);
+    return duplicate;
+}
+
+}  // namespace
+
+bool InstallTrayHook() noexcept {
+    RemoveTrayHook();
+    ReadPrimaryTaskbarRect();
+    BindCom();
+    if (!CreateTaskbarList()) return false;
+    HWND tray = TrayWindow();
+    SetTrayListWindow(FindTrayList(tray));
+    // Without a task list there is nothing to be asked nor to be kept from anything.
+    if (!TrayListWindow()) return false;
+    SetTrayHook(SetWindowsHookExA(WH_GETMESSAGE, TrayHookProc, profile.moduleInstance,
+                                  GetWindowThreadProcessId(tray, nullptr)));
+    Wake(tray);
+    return true;
+}
+
+void RemoveTrayHook() noexcept {
+    if (!TrayHook()) return;
+    UnhookWindowsHookEx(TrayHook());
+    Wake(TrayWindow());
+    SetTrayHook(nullptr);
+}
+
+DWORD AskTray(UINT message, WPARAM wParam) noexcept {
+    HWND list = TrayListWindow();
+    if (!list || shell.isSilent) return 0;
+    DWORD processId = 0;
+    GetWindowThreadProcessId(list, &processId);
+    const KernelHandle process(OpenProcess(PROCESS_DUP_HANDLE, FALSE, processId));
+    const KernelHandle answered(CreateEventA(nullptr, FALSE, FALSE, nullptr));
+    if (!process || !answered) return 0;
+    HANDLE duplicate = HandleInProcess(process.get(), answered.get());
+    if (!duplicate) return 0;
+    // The duplicate is the hook's to close from here on.
+    if (PostMessageA(list, message, wParam, reinterpret_cast<LPARAM>(duplicate)) && WaitForAnswer(answered.get()))
+        return TrayAnswer();
+    shell.isSilent = shell.scans > 0;
+    return 0;
+}
+
+TrayScan::TrayScan() noexcept {
+    ++shell.scans;
+}
+
+TrayScan::~TrayScan() {
+    if (--shell.scans == 0) shell.isSilent = false;
+}
+
+}  // namespace halyard
