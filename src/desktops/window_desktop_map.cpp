@@ -83,17 +83,18 @@ void WindowDesktopMap::PurgeDead() noexcept {
     }
 }
 
-// A popup that is on the map has a desktop of its own and goes by that.
+// A popup that is on the map has a desktop of its own and goes by that. A window of this thread hears of it at once,
+// and what it does then may drop the record.
 void WindowDesktopMap::Hide(WindowDesktopRecord& record, PopupSnapshot& visiblePopups) noexcept {
-    record.hidden = true;
-    ShowWindowAsync(record.window, SW_HIDE);
+    HWND window = record.window;
     WindowRow owned;
-    visiblePopups.CollectOwned(record.window, owned);
-    for (HWND popup : owned) {
-        if (Find(popup)) continue;
-        ShowWindowAsync(popup, SW_HIDE);
-        record.popups.Add(popup);
-    }
+    visiblePopups.CollectOwned(window, owned);
+    record.hidden = true;
+    for (HWND popup : owned)
+        if (!Find(popup)) record.popups.Add(popup);
+    ShowWindowAsync(window, SW_HIDE);
+    for (HWND popup : owned)
+        if (!Find(popup)) ShowWindowAsync(popup, SW_HIDE);
 }
 
 void WindowDesktopMap::Sweep(WindowDesktopRecord& record, PopupSnapshot& visiblePopups) noexcept {
@@ -117,8 +118,8 @@ void WindowDesktopMap::SweepOne(WindowDesktopRecord& record) noexcept {
 void WindowDesktopMap::SweepAll() noexcept {
     assert(OnServerThread());
     PopupSnapshot visiblePopups;
-    for (auto& entry : records)
-        Sweep(*entry.value, visiblePopups);
+    for (std::uint32_t position = 0; position < records.Count(); ++position)
+        Sweep(*records.At(position).value, visiblePopups);
     KeepHidden();
 }
 

@@ -46,13 +46,7 @@ RECT RingRoundCursor(int radius) noexcept {
     return {cursor.x - radius, cursor.y - radius, cursor.x + radius, cursor.y + radius};
 }
 
-}  // namespace
-
-bool StartFindCursor() noexcept {
-    return state.step == Idle && StepFindCursor();
-}
-
-bool StepFindCursor() noexcept {
+bool Advance() noexcept {
     if (!state.pen) state.pen = CreatePen(PS_INSIDEFRAME, 3, RGB(0x80, 0x80, 0x80));
     RingDrawing drawing(state.pen);
     if (state.step != Idle) drawing.Draw(state.ring);
@@ -63,6 +57,17 @@ bool StepFindCursor() noexcept {
     state.ring = RingRoundCursor(Radii[state.step]);
     drawing.Draw(state.ring);
     return true;
+}
+
+}  // namespace
+
+bool StartFindCursor() noexcept {
+    return state.step == Idle && Advance();
+}
+
+// Any program can send the timer's message.
+bool StepFindCursor() noexcept {
+    return state.step != Idle && Advance();
 }
 
 }  // namespace halyard

@@ -118,6 +118,12 @@ void OnTimer(SecondaryTaskbar& bar, WPARAM timer) noexcept {
     if (timer == HideTimer && TryHideTaskbar(bar)) KillTimer(bar.window, HideTimer);
 }
 
+// Any program can ask, with any number for a pointer.
+LRESULT OnAskMinimiseRect(const SecondaryTaskbar& bar, WPARAM window, LPARAM place) noexcept {
+    auto* rect = reinterpret_cast<RECT*>(place);
+    return !IsBadWritePtr(rect, sizeof(*rect)) && MinimiseRect(bar, reinterpret_cast<HWND>(window), *rect);
+}
+
 POINT ScreenPoint(LPARAM lParam) noexcept {
     return {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
 }
@@ -137,9 +143,7 @@ bool HandleMessage(SecondaryTaskbar& bar, UINT message, WPARAM wParam, LPARAM lP
         return true;
     case WM_NCHITTEST: result = HitTestBar(bar, lParam); return true;
     case WM_NCPAINT: return DrawSizingStrip(bar);
-    case AskMinimiseRect:
-        result = MinimiseRect(bar, reinterpret_cast<HWND>(wParam), *reinterpret_cast<RECT*>(lParam));
-        return true;
+    case AskMinimiseRect: result = OnAskMinimiseRect(bar, wParam, lParam); return true;
     case WM_COMMAND: return RunTaskbarCommand(bar, LOWORD(wParam));
     case WM_EXITSIZEMOVE: OnExitSizeMove(bar); return true;
     }
