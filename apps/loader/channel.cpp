@@ -7,10 +7,8 @@ namespace halyard::loader {
 
 namespace {
 
-constexpr DWORD StartTimeout = 20000;   // ms until a starting instance must have its window
 constexpr DWORD AnswerTimeout = 20000;  // ms
 constexpr DWORD ReplyTimeout = 2000;    // ms
-constexpr DWORD PollPeriod = 50;        // ms
 
 std::string* waitingAnswer = nullptr;
 
@@ -33,14 +31,6 @@ HWND MakeReplyWindow() noexcept {
 }
 
 }  // namespace
-
-HWND FindResident() noexcept {
-    for (DWORD waited = 0; waited < StartTimeout; waited += PollPeriod) {
-        if (HWND resident = FindWindowA(ResidentClass, nullptr)) return resident;
-        Sleep(PollPeriod);
-    }
-    return nullptr;
-}
 
 bool SendCommands(HWND resident, const CommandLine& line, std::string& answer) {
     HWND reply = MakeReplyWindow();

@@ -21,9 +21,6 @@ struct Request {
     Command commands[MaxCommands];
 };
 
-// The first instance's window, waited for while that instance starts; null when there is none in time.
-HWND FindResident() noexcept;
-
 // Hands the commands over and puts the answer's text into `answer`. False when the resident doesn't answer in 20 s.
 bool SendCommands(HWND resident, const CommandLine& line, std::string& answer);
 

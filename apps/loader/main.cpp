@@ -1,4 +1,5 @@
 // The resident loader: maps the library, runs the server, and takes orders from later starts of itself.
+#include "common/handles.h"
 #include "loader/channel.h"
 #include "loader/library.h"
 #include "loader/output.h"
@@ -12,16 +13,8 @@ namespace {
 
 enum ExitStatus : int { Done = 0, Failed = 1, BadUsage = 2 };
 
-int HandOver(const CommandLine& line) {
-    HWND resident = FindResident();
-    std::string answer;
-    if (!resident || !SendCommands(resident, line, answer)) {
-        PrintError("tvlhload: the running instance doesn't answer\n");
-        return Failed;
-    }
-    Print(answer);
-    return Done;
-}
+constexpr DWORD StartTimeout = 20000;  // ms until a starting instance must have its window
+constexpr DWORD PollPeriod = 50;       // ms
 
 // Asking and ending make sense only of an instance that runs.
 bool NeedsRunning(const CommandLine& line) noexcept {
@@ -30,24 +23,51 @@ bool NeedsRunning(const CommandLine& line) noexcept {
     });
 }
 
+// The resident instance owns the mutex. That it merely exists says little: an instance that is about to hand its
+// switches over has it open as well.
+bool BecomeResident(const KernelHandle& mutex) noexcept {
+    const DWORD outcome = WaitForSingleObject(mutex.get(), 0);
+    return outcome == WAIT_OBJECT_0 || outcome == WAIT_ABANDONED;
+}
+
+// Never makes the mutex, so that asking stands in nobody's way.
+bool AnyInstance() noexcept {
+    return static_cast<bool>(KernelHandle(OpenMutexA(SYNCHRONIZE, FALSE, InstanceMutex)));
+}
+
+int Reside(const CommandLine& line) {
+    Library library = {};
+    if (BindLibrary(library)) return RunResident(library, line);
+    PrintError("tvlhload: tvlHalyd.dll isn't beside this program or is damaged\n");
+    return Failed;
+}
+
 int Run(int count, char** arguments) {
     const CommandLine line = ParseCommandLine(count - 1, arguments + 1);
     if (!line.good) {
         PrintError(UsageText);
         return BadUsage;
     }
-    HANDLE instance = CreateMutexA(nullptr, TRUE, InstanceMutex);
-    if (GetLastError() == ERROR_ALREADY_EXISTS) return HandOver(line);
-    int status = Failed;
-    Library library = {};
-    if (NeedsRunning(line))
-        Print("Halyard isn't running\n");
-    else if (!BindLibrary(library))
-        PrintError("tvlhload: tvlHalyd.dll isn't beside this program or is damaged\n");
-    else
-        status = RunResident(library, line);
-    if (instance) CloseHandle(instance);
-    return status;
+    const bool needsRunning = NeedsRunning(line);
+    const KernelHandle mutex(needsRunning ? nullptr : CreateMutexA(nullptr, FALSE, InstanceMutex));
+    const DWORD start = GetTickCount();
+    // Another instance may be on its way, without its window yet, or on its way out, with it no longer.
+    do {
+        if (needsRunning && !AnyInstance()) {
+            Print("Halyard isn't running\n");
+            return Failed;
+        }
+        if (!needsRunning && BecomeResident(mutex)) return Reside(line);
+        std::string answer;
+        HWND resident = FindWindowA(ResidentClass, nullptr);
+        if (resident && SendCommands(resident, line, answer)) {
+            Print(answer);
+            return Done;
+        }
+        Sleep(PollPeriod);
+    } while (GetTickCount() - start < StartTimeout);
+    PrintError("tvlhload: the running instance doesn't answer\n");
+    return Failed;
 }
 
 }  // namespace

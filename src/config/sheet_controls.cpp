@@ -12,7 +12,10 @@ void PageChanged(HWND page) noexcept {
 }
 
 void EnableControl(HWND page, int control, bool enabled) noexcept {
-    EnableWindow(GetDlgItem(page, control), enabled);
+    HWND window = GetDlgItem(page, control);
+    // Of a grey control the keys would come to nobody, not even those that close the sheet.
+    if (!enabled && GetFocus() == window) SendMessageA(GetParent(page), WM_NEXTDLGCTL, 0, FALSE);
+    EnableWindow(window, enabled);
 }
 
 bool IsChecked(HWND page, int control) noexcept {

@@ -1,6 +1,7 @@
 // The stand-in shell as an in-process COM library: one table of classes, one kind of factory for all of them.
 #include "shell/active_desktop.h"
 #include "shell/com_object.h"
+#include "shell/task_list.h"
 
 #include <new>
 
@@ -17,7 +18,7 @@ struct ServedClass {
     Maker make;
 };
 
-constexpr ServedClass Classes[] = {{ActiveDesktopClass, MakeActiveDesktop}};
+constexpr ServedClass Classes[] = {{ActiveDesktopClass, MakeActiveDesktop}, {TaskListClass, MakeTaskList}};
 
 class Factory final : public ComObject<IClassFactory, IID_IClassFactory> {
 public:

@@ -98,37 +98,3 @@ close_programs() {
         wine taskkill /IM "$program" >/dev/null 2>&1 || true
     done
 }
-
-# Waits until nothing changes on the desktop any more, but for a clock's hands. Leaves a picture of it in the file.
-wait_for_rest() {
-    local file=$1
-    is_at_rest() {
-        import -window root "$pictures/before.png" && sleep 0.3 && import -window root "$file" || return 1
-        [ -n "$live" ] || [ "$(compare -metric AE "$pictures/before.png" "$file" null: 2>&1)" -lt 500 ]
-    }
-    eventually is_at_rest || fail "the desktop doesn't come to rest"
-    rm -f "$pictures/before.png"
-}
-
-# What `convert` draws: the edges of the displays, and the mouse where it is.
-drawing() {
-    local width height left top
-    xrandr --listmonitors | sed -nE 's/.* ([0-9]+)\/[0-9]+x([0-9]+)\/[0-9]+\+([0-9]+)\+([0-9]+) .*/\1 \2 \3 \4/p' |
-        while read -r width height left top; do
-            printf 'fill none stroke #FFFFFF90 rectangle %d,%d %d,%d\n' "$left" "$top" $((left + width - 1)) \
-                $((top + height - 1))
-        done
-    xdotool getmouselocation --shell |
-        sed -n 's/^X=/fill white stroke black translate /p; s/^Y=/,/p' | paste -s -d ''
-    printf '%s\n' "path 'M 0,0 L 0,17 L 4,13 L 7,20 L 10,19 L 7,12 L 12,12 Z'"
-}
-
-# keep_picture NAME WHAT: of the whole desktop, once it is at rest. Leaves its path in $lastPicture.
-keep_picture() {
-    pictureCount=$((pictureCount + 1))
-    lastPicture=$pictures/$(printf %02d "$pictureCount")-$1.png
-    wait_for_rest "$lastPicture"
-    convert "$lastPicture" -draw "$(drawing)" "$lastPicture"
-    say "  ${lastPicture##*/}: $2"
-    [ -z "$live" ] || sleep 2
-}

@@ -6,7 +6,6 @@ Patience=30 # seconds until something that was to happen must have
 # The windows of the tour: where they stand (so that none covers another), and their titles in the order of opening.
 declare -A placeOf
 titles=()
-pictureCount=0
 
 say() { printf '%s\n' "$*"; }
 
@@ -72,46 +71,4 @@ expect_windows() {
         [ "$(sort <<<"$shown")" = "$(sort <<<"$wanted")" ]
     }
     eventually windows_are_right || fail "wanted these windows: ${wanted//$'\n'/, }; seen: ${shown//$'\n'/, }"
-}
-
-# The part of a picture where a window stands has its many colours when it is shown, and the background alone when not.
-# Leaves the number of colours and the first of them in $colours.
-part_is_right() {
-    local place=$2 shown=$3 colour=$4
-    colours=$(convert "$1" -crop "$place" +repage -depth 8 -format '%k %[hex:p{0,0}]' info:) || return 1
-    if [ -n "$shown" ]; then
-        [ "${colours% *}" -ge 8 ]
-    else
-        [ "$colours" = "1 $colour" ]
-    fi
-}
-
-# take_picture NAME COLOUR TITLE...: keeps a picture in which these windows, and no others of the tour, stand before the
-# background of that colour.
-take_picture() {
-    local name=$1 colour=$2 file title shown wrong colours
-    shift 2
-    pictureCount=$((pictureCount + 1))
-    file=$pictures/$(printf %02d "$pictureCount")-$name.png
-    picture_is_right() {
-        import -window root "$file" || return 1
-        # Nobody's own desktop is like ours.
-        [ -z "$live" ] || return 0
-        for title in "${titles[@]}"; do
-            wrong="the part of $title"
-            shown=$(printf '%s\n' "${windows[@]}" | grep -xF -- "$title")
-            part_is_right "$file" "${placeOf[$title]}" "$shown" "$colour" || return 1
-        done
-        wrong="all of it, which still changes"
-        # Programs paint in steps; a picture is worth keeping when the next one is like it but for a clock's hands.
-        import -window root "$pictures/next.png" || return 1
-        [ "$(compare -metric AE "$file" "$pictures/next.png" null: 2>&1)" -lt 500 ]
-    }
-    local windows=("$@")
-    expect_windows "${windows[@]}"
-    eventually picture_is_right ||
-        fail "wrong in the picture ${file##*/}: $wrong (colours and the first of them: $colours)"
-    rm -f "$pictures/next.png"
-    say "  ${file##*/}: $*"
-    [ -z "$live" ] || sleep 2
 }

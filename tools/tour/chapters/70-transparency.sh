@@ -4,10 +4,11 @@ close_programs clock.exe
 configure DragTrans=1 DragTransPerCent=60
 # What draws windows through each other is a program of its own on this platform. It doesn't see the desktop's colour.
 compositor=
-if [ -z "$live" ] && command -v xcompmgr >/dev/null; then
+if [ -z "$live" ]; then
     "$tour/root_pixmap" "$DefaultColour"
     xcompmgr >/dev/null 2>&1 &
     compositor=$!
+    disown
 fi
 say "The addresses are dragged over the page, which shows through:"
 open_at_rest Addresses 300 550 420 200 "$Programs\\notepad.exe" 'C:\Addresses.txt'

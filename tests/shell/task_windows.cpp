@@ -1,0 +1,56 @@
+#include "shell/task_windows.h"
+
+namespace standin {
+
+namespace {
+
+constexpr UINT IconPatience = 100;  // ms for a program to name its icon
+
+bool IsHiddenMain(HWND owner) {
+    RECT place = {};
+    GetWindowRect(owner, &place);
+    return place.left == place.right && place.top == place.bottom &&
+           (GetWindowLongA(owner, GWL_EXSTYLE) & WS_EX_TOOLWINDOW);
+}
+
+BOOL CALLBACK Collect(HWND window, LPARAM windows) {
+    if (IsTaskWindow(window)) reinterpret_cast<std::vector<HWND>*>(windows)->push_back(window);
+    return TRUE;
+}
+
+}  // namespace
+
+bool IsTaskWindow(HWND window) {
+    if (!window || GetAncestor(window, GA_PARENT) != GetDesktopWindow() || !IsWindowVisible(window)) return false;
+    if (GetWindowLongA(window, GWL_EXSTYLE) & WS_EX_TOOLWINDOW) return false;
+    const HWND owner = GetWindow(window, GW_OWNER);
+    return !owner || IsHiddenMain(owner);
+}
+
+std::vector<HWND> TaskWindows() {
+    std::vector<HWND> windows;
+    EnumWindows(Collect, reinterpret_cast<LPARAM>(&windows));
+    return windows;
+}
+
+HWND TaskOf(HWND window) {
+    while (window && !IsTaskWindow(window))
+        window = GetWindow(window, GW_OWNER);
+    return window;
+}
+
+std::string TitleOf(HWND window) {
+    char title[256] = {};
+    GetWindowTextA(window, title, sizeof(title));
+    return title;
+}
+
+HICON IconOf(HWND window, WPARAM kind) {
+    DWORD_PTR icon = 0;
+    SendMessageTimeoutA(window, WM_GETICON, kind, 0, SMTO_ABORTIFHUNG, IconPatience, &icon);
+    if (!icon && kind == ICON_SMALL) icon = GetClassLongPtrA(window, GCLP_HICONSM);
+    if (!icon) icon = GetClassLongPtrA(window, GCLP_HICON);
+    return icon ? reinterpret_cast<HICON>(icon) : LoadIconA(nullptr, reinterpret_cast<LPCSTR>(IDI_WINLOGO));
+}
+
+}  // namespace standin

@@ -1,0 +1,24 @@
+// How the stand-in's task list is asked and steered: messages to its window of the class `TrayClass`.
+#pragma once
+
+#include <windows.h>
+
+namespace standin {
+
+inline constexpr char TrayClass[] = "Shell_TrayWnd";
+
+// Sent unless it says posted; the answer is the message's result. WM_CLOSE ends the program.
+enum TrayMessage : UINT {
+    CountTabs = WM_APP + 0x200,
+    TabAt,          // wParam: an index. The answer is the tab's window
+    MarkedTab,      // the answer is the window of the tab that is marked as active, or null
+    AddTab,         // wParam: a window
+    DeleteTab,      // wParam: a window
+    MarkTab,        // wParam: a window
+    MoveTray,       // wParam: a display, counted from 1 as they are enumerated; lParam: an ABE_ edge
+    SayEvent,       // wParam: a shell event's code with its flags; lParam: its window. Told to all that listen
+    SayFullScreen,  // wParam: whether a program fills the screen. Told to the bars of other programs
+    HangTray,       // posted; wParam: ms for which the thread stops
+};
+
+}  // namespace standin
