@@ -2,10 +2,6 @@
 
 #include <shellapi.h>
 
-// The header has them for later systems only, where they are no newer.
-extern "C" __declspec(dllimport) void* WINAPI SHLockShared(HANDLE memory, DWORD process);
-extern "C" __declspec(dllimport) BOOL WINAPI SHUnlockShared(void* data);
-
 namespace standin {
 
 namespace {
@@ -13,7 +9,7 @@ namespace {
 // Where the runtime's shell library sends its requests: the first of this class among the windows without a place.
 constexpr char RequestClass[] = "WineAppBar";
 
-// Its format, the same between programs of either bitness.
+// Its format, the same between programs of either bitness; the data's tag is the ABM_ message.
 struct BarData {
     LONG window;
     UINT callback;
@@ -22,8 +18,7 @@ struct BarData {
     ULONGLONG parameter;
 };
 struct Request {
-    DWORD message;
-    ULONG memory;  // shared, of the asking process, for the answer
+    ULONG memory;  // a mapping for the answer, by the asking process's handle
     DWORD process;
     BarData bar;
 };
@@ -62,22 +57,28 @@ LRESULT CALLBACK AppBars::Procedure(HWND window, UINT message, WPARAM wParam, LP
 LRESULT AppBars::OnRequest(WPARAM sender, const COPYDATASTRUCT& data) {
     if (data.cbData != sizeof(Request)) return FALSE;
     const auto& request = *static_cast<const Request*>(data.lpData);
-    if (request.message == ABM_GETTASKBARPOS) return AnswerPlace(ULongToHandle(request.memory), request.process);
-    if (request.message == ABM_NEW) docked.insert({request.bar.window, request.bar.callback});
-    if (request.message == ABM_REMOVE) docked.erase(request.bar.window);
+    if (data.dwData == ABM_GETTASKBARPOS) return AnswerPlace(ULongToHandle(request.memory), request.process);
+    if (data.dwData == ABM_NEW) docked.insert({request.bar.window, request.bar.callback});
+    if (data.dwData == ABM_REMOVE) docked.erase(request.bar.window);
     const HWND runtime = FindWindowExA(HWND_MESSAGE, window, RequestClass, nullptr);
     return SendMessageA(runtime, WM_COPYDATA, sender, reinterpret_cast<LPARAM>(&data));
 }
 
-bool AppBars::AnswerPlace(HANDLE memory, DWORD process) const {
-    auto* answer = static_cast<Answer*>(SHLockShared(memory, process));
-    if (!answer) return false;
-    answer->result = TRUE;
-    answer->bar.window = HandleToLong(tray);
-    answer->bar.edge = edge;
-    GetWindowRect(tray, &answer->bar.place);
-    SHUnlockShared(answer);
-    return true;
+bool AppBars::AnswerPlace(HANDLE theirs, DWORD process) const {
+    const HANDLE asking = OpenProcess(PROCESS_DUP_HANDLE, FALSE, process);
+    HANDLE memory = nullptr;
+    DuplicateHandle(asking, theirs, GetCurrentProcess(), &memory, 0, FALSE, DUPLICATE_SAME_ACCESS);
+    auto* answer = static_cast<Answer*>(MapViewOfFile(memory, FILE_MAP_WRITE, 0, 0, sizeof(Answer)));
+    if (answer) {
+        answer->result = TRUE;
+        answer->bar.window = HandleToLong(tray);
+        answer->bar.edge = edge;
+        GetWindowRect(tray, &answer->bar.place);
+        UnmapViewOfFile(answer);
+    }
+    CloseHandle(memory);
+    CloseHandle(asking);
+    return answer != nullptr;
 }
 
 }  // namespace standin

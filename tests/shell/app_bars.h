@@ -22,7 +22,7 @@ public:
 private:
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT OnRequest(WPARAM sender, const COPYDATASTRUCT& data);
-    bool AnswerPlace(HANDLE memory, DWORD process) const;
+    bool AnswerPlace(HANDLE theirs, DWORD process) const;
 
     HWND tray;
     HWND window;

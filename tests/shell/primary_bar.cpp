@@ -19,7 +19,7 @@ constexpr UINT_PTR LookTimer = 1;
 
 constexpr int Thickness = 30;
 constexpr int VerticalThickness = 120;
-constexpr int Border = 4;
+constexpr int Border = 3;
 constexpr int ButtonHeight = 22;
 constexpr int MaxButtonWidth = 160;
 constexpr WPARAM EventFlags = 0x8000;

@@ -25,6 +25,7 @@ struct Task {
 HWND switchWindow = nullptr;
 std::vector<Task> tasks;
 int chosen = 0;
+bool altHeld = false;  // the runtime's hook doesn't tell it with the key
 bool shiftHeld = false;
 
 // Whoever holds the keys as a hotkey gets them before the platform's switcher does.
@@ -119,10 +120,11 @@ LRESULT CALLBACK KeyboardProc(int code, WPARAM wParam, LPARAM lParam) {
     case VK_MENU:
     case VK_LMENU:
     case VK_RMENU:
+        altHeld = down;
         if (!down && switchWindow) PostMessageA(switchWindow, Choose, 0, 0);
         break;
     case VK_TAB:
-        if (down && (key.flags & LLKHF_ALTDOWN)) OnTab();
+        if (down && altHeld) OnTab();
         break;
     }
     return CallNextHookEx(nullptr, code, wParam, lParam);

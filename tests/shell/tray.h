@@ -1,0 +1,45 @@
+// The stand-in shell in the hands of a test.
+#pragma once
+
+#include "desktop/children.h"
+#include "desktop/registry.h"
+#include "shell/tray_protocol.h"
+
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+namespace halyard::test {
+
+// The running task bar, and the shell's task list object in the place of the runtime's.
+class Tray {
+public:
+    Tray();
+
+    // Starts the program and waits until its bar is there: "--display N", "--edge left|top|right|bottom", "--tabs".
+    void Start(Children& children, const std::string& switches = {});
+    // Ends it as its user would, or at once; waits until it has ended.
+    void Quit();
+    void Kill();
+
+    HWND Window() const { return window; }
+    // The windows that have tabs, in their order.
+    std::vector<HWND> TabWindows() const;
+    HWND Marked() const;
+    // Waits for exactly these tabs.
+    testing::AssertionResult TabsBecome(const std::vector<HWND>& wanted) const;
+    // Edges by their ABE_ values.
+    void Move(int display, UINT edge) const;
+    // To all that listen to the shell, the tray itself included.
+    void SayShellEvent(WPARAM code, HWND subject) const;
+    // To the docked bars of other programs.
+    void SayThatScreenIsFull(bool full) const;
+    void Hang(DWORD period) const;  // in ms; doesn't wait
+
+private:
+    ClassRegistration taskList;
+    const Child* program = nullptr;
+    HWND window = nullptr;
+};
+
+}  // namespace halyard::test
