@@ -94,6 +94,10 @@ void DoubleClick(POINT at) {
     Do(MoveText(at) + " click --repeat 2 --delay 40 1");
 }
 
+void RightClick(POINT at) {
+    Do(MoveText(at) + " click 3");
+}
+
 void TapKey(const std::string& key) {
     Do("key " + key);
 }

@@ -14,6 +14,7 @@ void PressMouse();
 void ReleaseMouse();
 void Click(POINT at);  // or a few pixels beside it
 void DoubleClick(POINT at);
+void RightClick(POINT at);
 
 // By the X server's names: "Escape", "alt+space".
 void TapKey(const std::string& key);

@@ -1,0 +1,152 @@
+// Which windows are on which bar, and what their buttons do.
+#include "taskbars/taskbar_fixture.h"
+#include "taskbars/toolbar_reader.h"
+
+namespace halyard::test {
+
+namespace {
+
+using TaskListTest = TaskbarTest;
+
+constexpr POINT OnFirst = {100, 100};
+constexpr POINT OnSecond = {1200, 100};
+
+void MoveWindowTo(HWND window, POINT place) {
+    SetWindowPos(window, nullptr, place.x, place.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+TEST_F(TaskListTest, WindowsAreOnTheBarOfTheirDisplayAlone) {
+    const Sample early = OpenAt("Early", OnSecond);
+    StartAll();
+    EXPECT_TRUE(Shows(2, {"Early"}));
+    const Sample other = OpenAt("Other", OnSecond);
+    EXPECT_TRUE(Shows(2, {"Early", "*Other"}));
+    const Sample first = OpenAt("First", OnFirst);
+    EXPECT_TRUE(Shows(2, {"Early", "Other"}));
+    EXPECT_TRUE(PrimaryShows({"First"}));
+
+    MoveWindowTo(early.window, OnFirst);
+    EXPECT_TRUE(Shows(2, {"Other"}));
+    EXPECT_TRUE(PrimaryShows({"First", "Early"}));
+    MoveWindowTo(first.window, {1400, 300});
+    EXPECT_TRUE(Shows(2, {"Other", "First"}));
+    EXPECT_TRUE(PrimaryShows({"Early"}));
+
+    SetWindowTextA(other.window, "Renamed");
+    EXPECT_TRUE(Shows(2, {"Renamed", "First"}));
+    SetWindowTextA(other.window, "");
+    EXPECT_TRUE(BringToFront(other.window));
+    EXPECT_TRUE(Shows(2, {"*Renamed", "First"}));
+    // The primary one isn't told of it.
+    EXPECT_TRUE(PrimaryShows({"Early"}));
+
+    // A maximised window counts where it goes back to; an owned one doesn't count.
+    ShowWindow(first.window, SW_MAXIMIZE);
+    OpenPopup(first, true);
+    EXPECT_TRUE(Shows(2, {"*Renamed", "First"}));
+    PostMessageA(other.window, WM_CLOSE, 0, 0);
+    EXPECT_TRUE(Shows(2, {"First"}));
+    first.program->Kill();
+    EXPECT_TRUE(Shows(2, {}));
+}
+
+TEST_F(TaskListTest, WindowsOfAnotherDesktopLeaveTheBarAndComeBack) {
+    OpenAt("Staying", OnSecond);
+    const Sample going = OpenAt("Going", {1300, 200});
+    StartAll();
+    EXPECT_TRUE(Shows(2, {"Going", "Staying"}));
+    Assign(going.window, 1);
+    EXPECT_TRUE(Shows(2, {"Staying"}));
+    Switch(1);
+    EXPECT_TRUE(Shows(2, {"Going"}));
+    Switch(0);
+    EXPECT_TRUE(Shows(2, {"Staying"}));
+    Assign(going.window, published::AllDesktops);
+    EXPECT_TRUE(Shows(2, {"Staying", "Going"}));
+}
+
+TEST_F(TaskListTest, AllTasksAreOnAllBarsInTheOrderOfThePrimaryOne) {
+    Set("TaskbarsShowAllTasks", 1);
+    ASSERT_TRUE(Arrange(ThreeInARow()));
+    tray.Start(children);
+    OpenAt("A", OnFirst);
+    OpenAt("B", {1100, 200});
+    const Sample last = OpenAt("C", {200, 200});
+    EXPECT_TRUE(PrimaryShows({"A", "B", "C"}));
+    StartLoader();
+    std::vector<unsigned> bars;
+    for (unsigned display = 1; display <= 3; ++display)
+        if (BarOn(display)) bars.push_back(display);
+    ASSERT_EQ(bars.size(), 2U);
+    for (const unsigned display : bars)
+        EXPECT_TRUE(Shows(display, {"A", "B", "C"})) << display;
+    EXPECT_TRUE(PrimaryShows({"A", "B", "C"}));
+    OpenAt("D", OnFirst);
+    for (const unsigned display : bars)
+        EXPECT_TRUE(Shows(display, {"A", "B", "C", "*D"})) << display;
+
+    // To each its own, and back, with the places of the primary bar.
+    Apply("TaskbarsShowAllTasks", 0);
+    EXPECT_TRUE(PrimaryShows({"A", "C", "D"}));
+    Apply("TaskbarsShowAllTasks", 1);
+    EXPECT_TRUE(PrimaryShows({"A", "C", "D", "B"}));
+    EXPECT_TRUE(Eventually([&] { return ButtonsOn(bars[0]).size() == 4 && ButtonsOn(bars[1]).size() == 4; }));
+    last.program->Kill();
+    EXPECT_TRUE(PrimaryShows({"A", "D", "B"}));
+}
+
+TEST_F(TaskListTest, ButtonsActivateMinimiseAndRestoreByClick) {
+    const Sample one = OpenAt("One", OnSecond);
+    const Sample two = OpenAt("Two", {1400, 300});
+    StartAll();
+    ASSERT_TRUE(BringToFront(two.window));
+    ASSERT_TRUE(Shows(2, {"*Two", "One"}));
+    Click(ButtonPlace(2, "One"));
+    EXPECT_TRUE(Eventually([&] { return GetForegroundWindow() == one.window; })) << Describe(GetForegroundWindow());
+    EXPECT_TRUE(Shows(2, {"Two", "*One"}));
+    Click(ButtonPlace(2, "One"));
+    EXPECT_TRUE(Eventually([&] { return IsIconic(one.window) != FALSE; }));
+    EXPECT_FALSE(IsIconic(two.window));
+    Click(ButtonPlace(2, "One"));
+    EXPECT_TRUE(Eventually([&] { return !IsIconic(one.window) && GetForegroundWindow() == one.window; }));
+    EXPECT_TRUE(Shows(2, {"Two", "*One"}));
+
+    // Where a window is minimised to, in all-tasks mode on its own display only.
+    RECT place = {};
+    EXPECT_EQ(Ask(BarOn(2), 139, reinterpret_cast<WPARAM>(one.window), 0x10), 0);
+    EXPECT_EQ(Ask(BarOn(2), 139, 0, reinterpret_cast<LPARAM>(&place)), 0);
+    ASSERT_NE(BarOn(2), nullptr);
+}
+
+TEST_F(TaskListTest, ARightClickOpensTheSystemMenuOfTheWindow) {
+    const Sample sample = OpenAt("One", OnSecond);
+    StartAll();
+    ASSERT_TRUE(Shows(2, {"One"}));
+    RightClick(ButtonPlace(2, "One"));
+    ASSERT_TRUE(EntersLoop(sample.window, GUI_INMENUMODE));
+    TapKey("c");
+    EXPECT_TRUE(Eventually([&] { return !IsWindow(sample.window); }));
+    EXPECT_TRUE(Shows(2, {}));
+}
+
+TEST_F(TaskListTest, HungProgramsDelayNoOtherButton) {
+    const Sample hung = OpenAt("Hung", OnSecond);
+    const Sample good = OpenAt("Good", {1400, 300});
+    OpenAt("More", {1500, 300});
+    tray.Start(children);
+    PostMessageA(hung.window, sample::Hang, 20000, 0);
+    const DWORD start = GetTickCount();
+    StartLoader();
+    EXPECT_TRUE(Eventually([&] { return ButtonsOn(2).size() == 3; }));
+    EXPECT_LT(GetTickCount() - start, 4000U) << "the time until all buttons are there";
+    Click(ButtonPlace(2, "Hung"));
+    Click(ButtonPlace(2, "Good"));
+    EXPECT_TRUE(Eventually([&] { return GetForegroundWindow() == good.window; }, 5000))
+        << Describe(GetForegroundWindow());
+    hung.program->Kill();
+    EXPECT_TRUE(Eventually([&] { return ButtonsOn(2).size() == 2; }));
+}
+
+}  // namespace
+
+}  // namespace halyard::test

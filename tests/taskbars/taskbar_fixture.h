@@ -1,0 +1,53 @@
+// One test of the secondary taskbars: the stand-in shell beside the built system, on displays side by side.
+#pragma once
+
+#include "desktop/desktop_fixture.h"
+#include "desktop_behaviours/arrangement.h"
+#include "desktop_behaviours/input.h"
+#include "shell/tray.h"
+
+namespace halyard::test {
+
+using Titles = std::vector<std::string>;
+
+// Presets beside those of `DesktopTest`: taskbars on, each with the windows of its display.
+class TaskbarTest : public DesktopTest {
+protected:
+    void SetUp() override;
+    void TearDown() override;
+
+    static void Set(const char* value, DWORD number) { WriteNumber(published::ProductKey, value, number); }
+    static DWORD Stored(const char* value) { return NumberOr(published::ProductKey, value, 0xDEAD); }
+
+    // Shell first, then the loader.
+    void StartAll(const std::string& traySwitches = {});
+    // The settings as the dialog applies them.
+    static void Apply(const char* value, DWORD number);
+
+    // A sample with the place of its window; waits for it to have the foreground.
+    Sample OpenAt(const std::string& title, POINT place, const std::string& switches = {});
+
+    // Counted from 1 as the platform enumerates them.
+    static RECT DisplayRect(unsigned display);
+    // Null without one. A bar that is slid away or collapsed is on its display as well.
+    static HWND BarOn(unsigned display);
+    static testing::AssertionResult GetsBar(unsigned display);
+    static testing::AssertionResult LosesBar(unsigned display);
+
+    // The buttons' texts from left to right; the checked one with a "*" before it.
+    static Titles ButtonsOn(unsigned display);
+    static testing::AssertionResult Shows(unsigned display, const Titles& wanted);
+    // The same of the primary bar, without marks.
+    testing::AssertionResult PrimaryShows(const Titles& wanted) const;
+
+    static POINT ButtonPlace(unsigned display, const std::string& text);
+    // A place on the bar without a button.
+    static POINT EmptyPlace(unsigned display);
+    static testing::AssertionResult BarBecomes(unsigned display, const RECT& place);
+    // Opens the bar's menu with the mouse, and chooses the item that so many presses of the down key lead to.
+    static void Choose(unsigned display, int downs);
+
+    Tray tray;
+};
+
+}  // namespace halyard::test
