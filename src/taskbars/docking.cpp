@@ -3,11 +3,10 @@
 #include "common/rectangles.h"
 #include "process/protocol.h"
 #include "process/shared_section.h"
+#include "taskbars/app_bar.h"
 #include "taskbars/task_buttons.h"
 #include "taskbars/taskbar_manager.h"
 #include "taskbars/taskbar_theme.h"
-
-#include <shellapi.h>
 
 namespace halyard {
 
@@ -27,15 +26,13 @@ void MoveTo(HWND window, const RECT& place) noexcept {
     MoveWindow(window, place.left, place.top, WidthOf(place), HeightOf(place), TRUE);
 }
 
-// What the platform answers isn't looked at: without it the bar reserves nothing.
 void TellAppBar(const SecondaryTaskbar& bar, DWORD message, const RECT& place = {}) noexcept {
     APPBARDATA data = {};
-    data.cbSize = sizeof(data);
     data.hWnd = bar.window;
     data.uCallbackMessage = AppBarCallback;
     data.uEdge = bar.shape.edge;
     data.rc = place;
-    SHAppBarMessage(message, &data);
+    CallAppBar(message, data);
 }
 
 HWND LayerOf(const SecondaryTaskbar& bar) noexcept {
@@ -105,7 +102,7 @@ bool TryHideTaskbar(SecondaryTaskbar& bar) noexcept {
 
 void SetRaised(SecondaryTaskbar& bar, bool fullScreen) noexcept {
     if (fullScreen) {
-        SetWindowPos(bar.window, GetDesktopWindow(), 0, 0, 0, 0, KeepPlace);
+        SetWindowPos(bar.window, HWND_BOTTOM, 0, 0, 0, 0, KeepPlace);
         bar.raised = false;
     } else if (!bar.raised) {
         if (!bar.onTop) SetWindowPos(bar.window, HWND_NOTOPMOST, 0, 0, 0, 0, KeepPlace);

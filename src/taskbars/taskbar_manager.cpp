@@ -4,13 +4,13 @@
 #include "process/protocol.h"
 #include "process/settings.h"
 #include "process/shared_section.h"
+#include "taskbars/app_bar.h"
 #include "taskbars/task_list.h"
 #include "taskbars/taskbar_window.h"
 #include "taskbars/tray_hook.h"
 
 #include <cstring>
 #include <new>
-#include <shellapi.h>
 
 namespace halyard {
 
@@ -139,8 +139,7 @@ void AttachShellHook(SecondaryTaskbar& bar, bool attach) noexcept {
 
 void ReadPrimaryTaskbarRect() noexcept {
     APPBARDATA data = {};
-    data.cbSize = sizeof(data);
-    SHAppBarMessage(ABM_GETTASKBARPOS, &data);
+    CallAppBar(ABM_GETTASKBARPOS, data);
     manager.primaryTaskbarRect = data.rc;
     // Not every shell's answer follows its taskbar.
     RECT seen = {};

@@ -103,6 +103,11 @@ LRESULT OnEraseBackground(const SecondaryTaskbar& bar, HDC dc) noexcept {
     return 1;
 }
 
+// The platform gives a window with a sizing frame a least size, which a narrow or hidden bar lies below.
+void OnGetMinMaxInfo(MINMAXINFO& info) noexcept {
+    info.ptMinTrackSize = {1, 1};
+}
+
 void OnThemeChanged(SecondaryTaskbar& bar) noexcept {
     ReloadTheme();
     ApplyTheme(bar);
@@ -141,6 +146,7 @@ bool HandleMessage(SecondaryTaskbar& bar, UINT message, WPARAM wParam, LPARAM lP
         if (!HasSizingStrip(bar)) return false;
         result = OnNcCalcSize(bar, wParam, lParam);
         return true;
+    case WM_GETMINMAXINFO: OnGetMinMaxInfo(*reinterpret_cast<MINMAXINFO*>(lParam)); return true;
     case WM_NCHITTEST: result = HitTestBar(bar, lParam); return true;
     case WM_NCPAINT: return DrawSizingStrip(bar);
     case AskMinimiseRect: result = OnAskMinimiseRect(bar, wParam, lParam); return true;

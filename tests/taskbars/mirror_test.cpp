@@ -65,33 +65,32 @@ protected:
     }
 };
 
-TEST_F(MirrorTest, ShowsTheSwitchOnEveryOtherDisplayWhileAltIsHeld) {
-    const struct {
-        std::vector<Display> displays;
-        std::size_t mirrors;
-    } cases[] = {{ThreeInARow(), 2}, {SideBySide(), 1}, {{SideBySide()[0]}, 0}};
+// With that number of displays.
+class MirrorDisplaysTest : public MirrorTest, public testing::WithParamInterface<std::size_t> {};
+
+TEST_P(MirrorDisplaysTest, EachButThePrimaryOneShowsTheSwitchWhileAltIsHeld) {
+    std::vector<Display> displays = ThreeInARow();
+    if (GetParam() < 3) displays = SideBySide();
+    displays.resize(GetParam());
+    ASSERT_TRUE(Arrange(displays));
     tray.Start(children);
     OpenAt("A", {100, 100});
     const Sample back = OpenAt("B", {200, 200});
-    const Sample front = OpenAt("C", {300, 300});
+    OpenAt("C", {300, 300});
     StartLoader();
-    for (const auto& row : cases) {
-        ASSERT_TRUE(Arrange(row.displays));
-        AnnounceDisplays();
-        ASSERT_TRUE(BringToFront(front.window));
-        {
-            const HeldKey alt("alt");
-            TapKey("Tab");
-            EXPECT_TRUE(Eventually([] { return SwitchWindow() != nullptr; })) << "no task switch";
-            EXPECT_TRUE(MirrorsBecome(row.mirrors)) << Mirrors().size();
-            ExpectMirrored();
-        }
-        EXPECT_TRUE(MirrorsBecome(0)) << Mirrors().size();
-        EXPECT_TRUE(Eventually([] { return SwitchWindow() == nullptr; }));
-        EXPECT_TRUE(Eventually([&] { return GetForegroundWindow() == back.window; }))
-            << Describe(GetForegroundWindow());
+    {
+        const HeldKey alt("alt");
+        TapKey("Tab");
+        EXPECT_TRUE(Eventually([] { return SwitchWindow() != nullptr; })) << "no task switch";
+        EXPECT_TRUE(MirrorsBecome(GetParam() - 1)) << Mirrors().size();
+        ExpectMirrored();
     }
+    EXPECT_TRUE(MirrorsBecome(0)) << Mirrors().size();
+    EXPECT_TRUE(Eventually([] { return SwitchWindow() == nullptr; }));
+    EXPECT_TRUE(Eventually([&] { return GetForegroundWindow() == back.window; })) << Describe(GetForegroundWindow());
 }
+
+INSTANTIATE_TEST_SUITE_P(Displays, MirrorDisplaysTest, testing::Values(1, 2, 3));
 
 TEST_F(MirrorTest, FollowsEachStepForwardAndBack) {
     tray.Start(children);
