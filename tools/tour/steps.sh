@@ -62,6 +62,20 @@ expect_status() {
     eventually status_holds "$@" || fail "wanted of the status: $*"$'\n'"seen: $report"
 }
 
+# start_system COMMAND...: starts the resident loader.
+start_system() {
+    wine "$@" >>"$pictures/loader.log" 2>&1 &
+    # Its window, which is never shown, is the last thing that it makes.
+    demo_window visible Halyard >/dev/null || fail "the resident loader didn't start"
+    expect_status "enabled: yes" "hooks: in" "current desktop: 0"
+}
+
+stop_system() {
+    has_ended() { ! loader --status >/dev/null; }
+    loader --quit
+    eventually has_ended || fail "the loader runs on after it was told to end"
+}
+
 # expect_windows TITLE...: the ones of the tour that must be shown; all the others must not.
 expect_windows() {
     local wanted shown
