@@ -30,11 +30,14 @@ eventually() {
 # Paints the empty desktop in the background colour that the system has at each time: Wine leaves that to a shell. What
 # the colour was last is in the file $WINEPREFIX/background.
 paint_background() {
-    while wine "$binaries/background_colour.exe"; do :; done | while read -r colour; do
-        colour=${colour%$'\r'}
-        xsetroot -solid "#$colour"
-        echo "$colour" >"$WINEPREFIX/background"
-    done &
+    # The session ends this in the middle of it, and the shell would tell of that.
+    {
+        while wine "$binaries/background_colour.exe"; do :; done | while read -r colour; do
+            colour=${colour%$'\r'}
+            xsetroot -solid "#$colour"
+            echo "$colour" >"$WINEPREFIX/background"
+        done
+    } 2>/dev/null &
     eventually test -s "$WINEPREFIX/background" || fail "the system didn't tell its background colour"
 }
 

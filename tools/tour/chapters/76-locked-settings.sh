@@ -22,6 +22,7 @@ REGEDIT4
 REGISTRY
 start_system "$binaries/ordinary_user.exe" "$binaries/tvlhload.exe"
 say "An ordinary user, where an administrator has made the settings for all:"
+open_settings 0
 keep_page 0 settings-locked-windows "they can be seen"
 keep_page 2 settings-locked-desktops "and not be changed"
 close_settings
