@@ -26,7 +26,7 @@ close_settings() {
 }
 
 stop_system
-configure Autodock=1 WindowMem=1 CtrlMax=1 DialogControl=4 DragTrans=1 DragTransPerCent=60 TaskbarsEnable=1
+configure Autodock=1 WindowMem=1 CtrlMax=1 DialogControl=4 DragTrans=1 DragTransPerCent=60
 start_system "$binaries/tvlhload.exe"
 open_at_rest Letter 1240 140 480 300 "$Programs\\notepad.exe" 'C:\Letter.txt'
 move_mouse 600 700
