@@ -2,6 +2,7 @@
 #include "config/sheet.h"
 #include "process/profile.h"
 #include "process/strings.h"
+#include "process/window_long.h"
 #include "resources/resource_ids.h"
 
 #include <commctrl.h>
@@ -63,6 +64,9 @@ constexpr Sprite Sprites[] = {
 constexpr UINT HelpTool = 1;
 constexpr int TipWidth = 300;  // pixels
 
+WNDPROC oldTipProc = nullptr;
+HWND focusBehindTip = nullptr;
+
 unsigned HelpIdOf(int control) noexcept {
     for (const HelpRow& row : HelpRows)
         if (row.control == control) return row.stringId;
@@ -80,10 +84,29 @@ void SendTool(UINT message, WPARAM wParam, TTTOOLINFOA& tool) noexcept {
     SendMessageA(sheet.tip, message, wParam, reinterpret_cast<LPARAM>(&tool));
 }
 
+void HideHelpTip() noexcept {
+    if (!sheet.tipShown) return;
+    TTTOOLINFOA tool = HelpToolInfo();
+    SendTool(TTM_TRACKACTIVATE, FALSE, tool);
+}
+
+// The popup has the focus: the next key or click sends it away, as whatever else takes the focus does.
+LRESULT CALLBACK HelpTipProc(HWND tip, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_KEYDOWN:
+    case WM_SYSKEYDOWN:
+    case WM_LBUTTONDOWN:
+    case WM_RBUTTONDOWN: SetFocus(focusBehindTip); return 0;
+    case WM_KILLFOCUS: HideHelpTip(); break;
+    }
+    return CallWindowProcA(oldTipProc, tip, message, wParam, lParam);
+}
+
 void ShowHelpTip(int control) noexcept {
     TextBuffer text = LookupText(HelpIdOf(control));
     TTTOOLINFOA tool = HelpToolInfo();
     const bool exists = SendMessageA(sheet.tip, TTM_GETTOOLINFOA, 0, reinterpret_cast<LPARAM>(&tool)) != 0;
+    if (!exists) oldTipProc = SetWindowProc(sheet.tip, HelpTipProc);
     tool.uFlags = TTF_TRACK;
     tool.lpszText = text.Room();
     SendTool(exists ? TTM_SETTOOLINFOA : TTM_ADDTOOLA, 0, tool);
@@ -93,13 +116,8 @@ void ShowHelpTip(int control) noexcept {
     SendMessageA(sheet.tip, TTM_ACTIVATE, TRUE, 0);
     SendMessageA(sheet.tip, TTM_TRACKPOSITION, 0, static_cast<LPARAM>(GetMessagePos()));
     SendTool(TTM_TRACKACTIVATE, TRUE, tool);
-    SetFocus(sheet.tip);
-}
-
-void HideHelpTip() noexcept {
-    if (!sheet.tipShown) return;
-    TTTOOLINFOA tool = HelpToolInfo();
-    SendTool(TTM_TRACKACTIVATE, FALSE, tool);
+    const HWND focus = SetFocus(sheet.tip);
+    if (focus != sheet.tip) focusBehindTip = focus;
 }
 
 void ShowHelpMenu(HWND page, HWND control) noexcept {

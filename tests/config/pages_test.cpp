@@ -199,6 +199,8 @@ TEST_F(PagesTest, OneSheetHoweverOftenItIsAskedFor) {
         return HWND(nullptr);
     };
     EXPECT_TRUE(Eventually([&] { return tip() != nullptr; })) << "no help popup";
+    TapVirtualKey(VK_SPACE);
+    EXPECT_TRUE(Eventually([&] { return tip() == nullptr; })) << "the help popup stays";
     // The server's end closes what is open.
     EXPECT_EQ(Loader("--quit").status, 0u);
     EXPECT_TRUE(loader->Ends(WaitLimit));

@@ -1,4 +1,4 @@
-// A program with a filter of its own, in which the library faults on request.
+// A program with a filter of its own, in which the library faults on request: of a test, or of a user's click.
 #include "fault_protocol.h"
 
 namespace {
@@ -6,7 +6,8 @@ namespace {
 using namespace halyard::test;
 using FaultFn = int (*)(int);
 
-FaultSeen* seen = nullptr;
+FaultSeen unwatched = {};
+FaultSeen* seen = &unwatched;
 
 LONG CALLBACK Note(EXCEPTION_POINTERS* fault) {
     // Debug output and the naming of threads are exceptions as well.
@@ -58,6 +59,7 @@ void Fault(int kind) {
 
 LRESULT CALLBACK SampleProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == FaultMessage) Fault(static_cast<int>(wParam));
+    if (message == WM_LBUTTONUP) Fault(Read);
     if (message == WM_DESTROY) PostQuitMessage(0);
     return DefWindowProcA(window, message, wParam, lParam);
 }
@@ -66,8 +68,7 @@ LRESULT CALLBACK SampleProc(HWND window, UINT message, WPARAM wParam, LPARAM lPa
 
 int WINAPI WinMain(HINSTANCE instance, HINSTANCE, char*, int) {
     const HANDLE mapping = OpenFileMappingA(FILE_MAP_WRITE, FALSE, SeenName);
-    seen = static_cast<FaultSeen*>(MapViewOfFile(mapping, FILE_MAP_WRITE, 0, 0, sizeof(FaultSeen)));
-    if (!seen) return 1;
+    if (mapping) seen = static_cast<FaultSeen*>(MapViewOfFile(mapping, FILE_MAP_WRITE, 0, 0, sizeof(FaultSeen)));
     SetUnhandledExceptionFilter(OwnFilter);
     AddVectoredExceptionHandler(1, Note);
     WNDCLASSA windowClass = {};

@@ -150,11 +150,12 @@ void PrimaryBar::OnPaint() {
 }
 
 void PrimaryBar::OnTimer() {
-    for (const ShellEvent& event : watch.Look())
-        Say(event);
     // A tab that was added for a window of another kind goes with its window.
     for (int index = control->Count() - 1; index >= 0; --index)
-        if (!IsWindow(control->At(index))) Say({HSHELL_WINDOWDESTROYED, control->At(index)});
+        if (const HWND task = control->At(index); !IsWindow(task) && !watch.Knows(task))
+            Say({HSHELL_WINDOWDESTROYED, task});
+    for (const ShellEvent& event : watch.Look())
+        Say(event);
 }
 
 void PrimaryBar::Say(const ShellEvent& event) const {

@@ -2,6 +2,8 @@
 
 #include "desktop/desktop_fixture.h"
 
+#include <algorithm>
+
 namespace halyard::test {
 
 namespace {
@@ -37,7 +39,9 @@ void Tray::Kill() {
 }
 
 std::vector<HWND> Tray::TabWindows() const {
-    std::vector<HWND> tabs(static_cast<std::size_t>(std::max<LRESULT>(Ask(window, standin::CountTabs), 0)));
+    const LRESULT count = Ask(window, standin::CountTabs);
+    EXPECT_GE(count, 0) << "the stand-in shell doesn't answer";
+    std::vector<HWND> tabs(static_cast<std::size_t>(std::max<LRESULT>(count, 0)));
     for (std::size_t index = 0; index < tabs.size(); ++index)
         tabs[index] = AskForWindow(window, standin::TabAt, index);
     return tabs;

@@ -17,8 +17,7 @@ std::vector<ShellEvent> WindowWatch::Look() {
     });
     for (HWND window : present) {
         std::string title = TitleOf(window);
-        const auto seen =
-            std::find_if(windows.begin(), windows.end(), [&](const Seen& known) { return known.window == window; });
+        const auto seen = std::find(windows.begin(), windows.end(), window);
         if (seen == windows.end()) {
             events.push_back({HSHELL_WINDOWCREATED, window});
             windows.push_back({window, std::move(title)});
@@ -31,6 +30,10 @@ std::vector<ShellEvent> WindowWatch::Look() {
     if (front != active) events.push_back({HSHELL_WINDOWACTIVATED, front});
     active = front;
     return events;
+}
+
+bool WindowWatch::Knows(HWND window) const {
+    return std::find(windows.begin(), windows.end(), window) != windows.end();
 }
 
 }  // namespace standin

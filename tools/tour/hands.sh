@@ -42,6 +42,13 @@ number_of() {
     done
 }
 
+# click_in TITLE RIGHT DOWN: so far from the left top corner of the window.
+click_in() {
+    local X Y
+    eval "$(xdotool getwindowgeometry --shell "$(number_of "$1")" | grep -E '^[XY]=')"
+    click $((X + $2)) $((Y + $3))
+}
+
 # expect_window TITLE: waits until it is shown.
 expect_window() {
     is_shown() { [ -n "$(number_of "$1")" ]; }

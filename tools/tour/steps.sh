@@ -30,11 +30,14 @@ eventually() {
 # Paints the empty desktop in the background colour that the system has at each time: Wine leaves that to a shell. What
 # the colour was last is in the file $WINEPREFIX/background.
 paint_background() {
-    while wine "$binaries/background_colour.exe"; do :; done | while read -r colour; do
-        colour=${colour%$'\r'}
-        xsetroot -solid "#$colour"
-        echo "$colour" >"$WINEPREFIX/background"
-    done &
+    # The session ends this in the middle of it, and the shell would tell of that.
+    {
+        while wine "$binaries/background_colour.exe"; do :; done | while read -r colour; do
+            colour=${colour%$'\r'}
+            xsetroot -solid "#$colour"
+            echo "$colour" >"$WINEPREFIX/background"
+        done
+    } 2>/dev/null &
     eventually test -s "$WINEPREFIX/background" || fail "the system didn't tell its background colour"
 }
 
@@ -60,6 +63,20 @@ expect_status() {
         done
     }
     eventually status_holds "$@" || fail "wanted of the status: $*"$'\n'"seen: $report"
+}
+
+# start_system COMMAND...: starts the resident loader.
+start_system() {
+    wine "$@" >>"$pictures/loader.log" 2>&1 &
+    # Its window, which is never shown, is the last thing that it makes.
+    demo_window visible Halyard >/dev/null || fail "the resident loader didn't start"
+    expect_status "enabled: yes" "hooks: in" "current desktop: 0"
+}
+
+stop_system() {
+    has_ended() { ! loader --status >/dev/null; }
+    loader --quit
+    eventually has_ended || fail "the loader runs on after it was told to end"
 }
 
 # expect_windows TITLE...: the ones of the tour that must be shown; all the others must not.

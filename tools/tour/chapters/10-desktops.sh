@@ -39,13 +39,6 @@ can work them all without leaving the deck.\par\par\b Hoisting\b0\par Clear the 
 DOCUMENT
 }
 
-start_system() {
-    wine "$binaries/tvlhload.exe" >"$pictures/loader.log" 2>&1 &
-    # Its window, which is never shown, is the last thing that it makes.
-    demo_window visible Halyard >/dev/null || fail "the resident loader didn't start"
-    expect_status "enabled: yes" "hooks: in" "current desktop: 0"
-}
-
 Programs='C:\windows\syswow64'
 store_configuration
 write_documents
@@ -54,7 +47,7 @@ if [ -z "$live" ]; then
     paint_background
     DefaultColour=$(cat "$WINEPREFIX/background")
 fi
-start_system
+start_system "$binaries/tvlhload.exe"
 open_window Letter 60 60 560 400 "$Programs\\notepad.exe" 'C:\Letter.txt'
 open_window Clock 690 300 270 300 "$Programs\\clock.exe"
 open_window Page 1090 60 660 420 'C:\Program Files (x86)\Windows NT\Accessories\wordpad.exe' 'C:\Page.rtf'

@@ -12,7 +12,7 @@ for mode in "${!dialogModes[@]}"; do
     click 1600 233
     click 260 433
     expect_focus Letter
-    [ "${dialogModes[mode]}" != *"the mouse is" ] || move_mouse 1300 680
+    [[ ${dialogModes[mode]} != *"the mouse is" ]] || move_mouse 1300 680
     press_keys ctrl+f
     expect_window Find
     keep_picture "dialog-$mode" "${dialogModes[mode]}"
