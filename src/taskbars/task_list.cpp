@@ -44,6 +44,16 @@ void PostTab(ServerMessage message, HWND window) noexcept {
     PostMessageA(ServerWindow(), message, reinterpret_cast<WPARAM>(window), 0);
 }
 
+void Check(SecondaryTaskbar& bar, const TaskButton& button) noexcept {
+    UncheckOtherButtons(bar, &button);
+    CheckButton(bar, button);
+}
+
+// A window that is dragged to another display was active before, and isn't activated anew.
+void CheckIfActive(SecondaryTaskbar& bar, const TaskButton& button) noexcept {
+    if (GetForegroundWindow() == button.window) Check(bar, button);
+}
+
 // `apply` of OnWindowChanged, while each bar shows the windows of its display.
 void MoveToItsBar(SecondaryTaskbar& bar, HWND window, bool isHome) noexcept {
     if (!isHome) {
@@ -52,8 +62,8 @@ void MoveToItsBar(SecondaryTaskbar& bar, HWND window, bool isHome) noexcept {
     }
     if (TaskButton* button = FindButton(bar, window))
         button->onThisDisplay = true;
-    else
-        AddButton(bar, window, true);
+    else if (TaskButton* added = AddButton(bar, window, true))
+        CheckIfActive(bar, *added);
     PostTab(HM_TAB_DELETE, window);
 }
 
@@ -126,8 +136,7 @@ void OnWindowActivated(SecondaryTaskbar& bar, HWND window) noexcept {
     }
     if (!button) button = AddButton(bar, window, isHome);
     if (!button) return;
-    UncheckOtherButtons(bar, button);
-    CheckButton(bar, *button);
+    Check(bar, *button);
 }
 
 void OnWindowRedraw(SecondaryTaskbar& bar, HWND window) noexcept {

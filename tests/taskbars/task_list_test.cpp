@@ -29,11 +29,11 @@ TEST_F(TaskListTest, WindowsAreOnTheBarOfTheirDisplayAlone) {
     EXPECT_TRUE(Shows(2, {"Other"}));
     EXPECT_TRUE(PrimaryShows({"First", "Early"}));
     MoveWindowTo(first.window, {1400, 300});
-    EXPECT_TRUE(Shows(2, {"Other", "First"}));
+    EXPECT_TRUE(Shows(2, {"Other", "*First"}));
     EXPECT_TRUE(PrimaryShows({"Early"}));
 
     SetWindowTextA(other.window, "Renamed");
-    EXPECT_TRUE(Shows(2, {"Renamed", "First"}));
+    EXPECT_TRUE(Shows(2, {"Renamed", "*First"}));
     SetWindowTextA(other.window, "");
     EXPECT_TRUE(BringToFront(other.window));
     EXPECT_TRUE(Shows(2, {"*Renamed", "First"}));

@@ -1,7 +1,8 @@
 # shellcheck shell=bash
 # Pictures of the whole desktop, each kept once what it is to show stands in it. Needs $pictures and $live.
 
-pictureCount=0
+# The numbers go on behind those of the chapters before.
+pictureCount=$(find "$pictures" -name '[0-9][0-9]-*.png' | wc -l)
 
 # Waits until nothing changes on the desktop any more, but for a clock's hands. Leaves a picture of it in the file.
 wait_for_rest() {

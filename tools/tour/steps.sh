@@ -89,3 +89,20 @@ expect_windows() {
     }
     eventually windows_are_right || fail "wanted these windows: ${wanted//$'\n'/, }; seen: ${shown//$'\n'/, }"
 }
+
+# What the programs of the tour have to show.
+write_documents() {
+    printf '%s\r\n' "Dear Ines," "" "the rigging plans for both masts are with the yard now." \
+        "They want to step the main on Thursday, if the wind allows it." "" "Yours, Tomas" \
+        >"$WINEPREFIX/drive_c/Letter.txt"
+    printf '%s\r\n' "Ines     +351 21 555 0147" "Yard     +351 21 555 0119" "Tomas    +44 20 5550 0101" \
+        >"$WINEPREFIX/drive_c/Addresses.txt"
+    cat >"$WINEPREFIX/drive_c/Page.rtf" <<'DOCUMENT'
+{\rtf1\ansi{\fonttbl{\f0\froman Times New Roman;}}\f0\fs44\b Halyards and how they run\b0\par\fs26\par
+A halyard is the line that hoists a sail. Each sail has its own, and a well-kept ship has them led so that one hand 
+can work them all without leaving the deck.\par\par\b Hoisting\b0\par Clear the line, take the slack, haul away.\par}
+DOCUMENT
+}
+
+# The programs of this bitness.
+Programs='C:\windows\syswow64'

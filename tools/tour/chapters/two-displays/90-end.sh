@@ -1,0 +1,4 @@
+# The end: the resident loader goes when it is told to.
+
+stop_system
+[ -s "$pictures/loader.log" ] || rm "$pictures/loader.log"
