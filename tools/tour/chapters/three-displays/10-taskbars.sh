@@ -59,11 +59,13 @@ expect_buttons 3 2
 keep_picture taskbars-moved "the clock's button is on the third display"
 
 say "A click on a button minimises the active window:"
+# The runtime makes a minimised window as small as a title bar, behind the shell's.
+is_minimised() { [ "$(xdotool getwindowgeometry --shell "$(number_of Clock)" | sed -n 's/^HEIGHT=//p')" -lt 100 ]; }
 click $((2048 + 160 + 60)) 754
-expect_gone Clock
+eventually is_minimised || fail "the clock isn't minimised"
 keep_picture taskbars-minimised "the clock has gone down to its button"
 click $((2048 + 160 + 60)) 754
-expect_window Clock
+expect_focus Clock
 
 say "The bar of the second display is dragged to the right, the third one's menu is opened:"
 move_mouse 1900 754
