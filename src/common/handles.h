@@ -13,7 +13,7 @@ class Owned {
 public:
     using Handle = typename Traits::Handle;
 
-    Owned() noexcept = default;
+    constexpr Owned() noexcept = default;
     explicit Owned(Handle raw) noexcept : handle(raw) {}
     Owned(Owned&& other) noexcept : handle(other.Release()) {}
     Owned& operator=(Owned&& other) noexcept {

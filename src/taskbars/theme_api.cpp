@@ -8,7 +8,7 @@ ThemeApi themeApi;
 
 template <typename Function>
 Function ThemeApi::Bind(Function& entry, const char* name) noexcept {
-    if (!library) library.Reset(LoadLibraryA("UxTheme.dll"));
+    if (!library) library.Reset(LoadLibraryA(libraryFile));
     if (!entry) entry = EntryOf<Function>(library.get(), name);
     return entry;
 }

@@ -12,6 +12,8 @@ namespace halyard {
 // it isn't there: programs that only have the hooks never map it. On the server's thread.
 class ThemeApi {
 public:
+    constexpr explicit ThemeApi(const char* file = "UxTheme.dll") noexcept : libraryFile(file) {}
+
     HTHEME OpenThemeData(HWND window, const wchar_t* classes) noexcept;
     HRESULT CloseThemeData(HTHEME theme) noexcept;
     HRESULT DrawThemeBackground(HTHEME theme, HDC dc, int part, int state, const RECT& bounds,
@@ -23,6 +25,7 @@ private:
     template <typename Function>
     Function Bind(Function& entry, const char* name) noexcept;
 
+    const char* libraryFile;
     Library library;
     decltype(&::OpenThemeData) openThemeData = nullptr;
     decltype(&::CloseThemeData) closeThemeData = nullptr;
