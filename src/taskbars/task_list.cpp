@@ -31,12 +31,11 @@ unsigned IndexOf(const SecondaryTaskbar& bar, HWND window) noexcept {
 // How many of the windows ahead of this one on the primary taskbar this bar shows, too: it stands behind them here. -1:
 // the primary taskbar doesn't have it.
 int PlaceAmongAll(const SecondaryTaskbar& bar, HWND window) noexcept {
-    const DWORD index = AskTray(TM_FIND_WINDOW, reinterpret_cast<WPARAM>(window));
+    const DWORD index = TrayIndexOf(window);
     if (index == NotInTray) return -1;
     int place = static_cast<int>(index);
-    for (DWORD ahead = 0; ahead < index; ++ahead) {
-        if (!FindButton(bar, HandleFromBits<HWND>(AskTray(TM_WINDOW_AT, ahead)))) --place;
-    }
+    for (DWORD ahead = 0; ahead < index; ++ahead)
+        if (!FindButton(bar, TrayWindowAt(ahead))) --place;
     return place;
 }
 

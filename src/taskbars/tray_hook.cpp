@@ -1,6 +1,7 @@
 #include "taskbars/tray_hook.h"
 
 #include "common/handles.h"
+#include "common/row.h"
 #include "process/com.h"
 #include "process/profile.h"
 #include "process/protocol.h"
@@ -16,11 +17,14 @@ namespace halyard {
 namespace {
 
 constexpr DWORD AnswerTimeout = 5000;  // ms
+constexpr DWORD MostTabs = 4096;       // that are read, whatever the shell says
 
 // On the server's thread.
 struct Shell {
     unsigned scans = 0;     // that are under way
     bool isSilent = false;  // it let a question of the present scan go unanswered
+    bool isRead = false;    // its list is in `order`
+    Row<HWND> order;
 };
 
 Shell shell;
@@ -61,6 +65,38 @@ HANDLE HandleInProcess(HANDLE process, HANDLE own) noexcept {
     return duplicate;
 }
 
+// The answer to one of TrayMessage; 0 when it couldn't be had.
+DWORD AskTray(UINT message, WPARAM wParam) noexcept {
+    HWND list = TrayListWindow();
+    if (!list || shell.isSilent) return 0;
+    DWORD processId = 0;
+    GetWindowThreadProcessId(list, &processId);
+    const KernelHandle process(OpenProcess(PROCESS_DUP_HANDLE, FALSE, processId));
+    const KernelHandle answered(CreateEventA(nullptr, FALSE, FALSE, nullptr));
+    if (!process || !answered) return 0;
+    HANDLE duplicate = HandleInProcess(process.get(), answered.get());
+    if (!duplicate) return 0;
+    // The duplicate is the hook's to close from here on.
+    if (PostMessageA(list, message, wParam, reinterpret_cast<LPARAM>(duplicate)) && WaitForAnswer(answered.get()))
+        return TrayAnswer();
+    shell.isSilent = shell.scans > 0;
+    return 0;
+}
+
+// Whether `order` has the list for the present scan. Each question costs the time that the shell needs to come round to
+// it, which a question for every pair of windows would make long.
+bool ReadOrder() noexcept {
+    if (shell.scans == 0 || shell.isRead) return shell.isRead;
+    for (DWORD index = 0; index < MostTabs; ++index) {
+        const DWORD window = AskTray(TM_WINDOW_AT, index);
+        if (window == NotInTray) break;
+        if (window == 0) return false;
+        shell.order.Add(HandleFromBits<HWND>(window));
+    }
+    shell.isRead = true;
+    return true;
+}
+
 }  // namespace
 
 bool InstallTrayHook() noexcept {
@@ -85,21 +121,17 @@ void RemoveTrayHook() noexcept {
     SetTrayHook(nullptr);
 }
 
-DWORD AskTray(UINT message, WPARAM wParam) noexcept {
-    HWND list = TrayListWindow();
-    if (!list || shell.isSilent) return 0;
-    DWORD processId = 0;
-    GetWindowThreadProcessId(list, &processId);
-    const KernelHandle process(OpenProcess(PROCESS_DUP_HANDLE, FALSE, processId));
-    const KernelHandle answered(CreateEventA(nullptr, FALSE, FALSE, nullptr));
-    if (!process || !answered) return 0;
-    HANDLE duplicate = HandleInProcess(process.get(), answered.get());
-    if (!duplicate) return 0;
-    // The duplicate is the hook's to close from here on.
-    if (PostMessageA(list, message, wParam, reinterpret_cast<LPARAM>(duplicate)) && WaitForAnswer(answered.get()))
-        return TrayAnswer();
-    shell.isSilent = shell.scans > 0;
-    return 0;
+DWORD TrayIndexOf(HWND window) noexcept {
+    if (!ReadOrder()) return AskTray(TM_FIND_WINDOW, reinterpret_cast<WPARAM>(window));
+    for (unsigned index = 0; index < shell.order.Count(); ++index)
+        if (shell.order.At(index) == window) return index;
+    return NotInTray;
+}
+
+HWND TrayWindowAt(DWORD index) noexcept {
+    if (ReadOrder()) return index < shell.order.Count() ? shell.order.At(index) : nullptr;
+    const DWORD window = AskTray(TM_WINDOW_AT, index);
+    return window == NotInTray ? nullptr : HandleFromBits<HWND>(window);
 }
 
 TrayScan::TrayScan() noexcept {
@@ -107,7 +139,10 @@ TrayScan::TrayScan() noexcept {
 }
 
 TrayScan::~TrayScan() {
-    if (--shell.scans == 0) shell.isSilent = false;
+    if (--shell.scans > 0) return;
+    shell.isSilent = false;
+    shell.isRead = false;
+    shell.order.Clear();
 }
 
 }  // namespace halyard

@@ -12,11 +12,13 @@ namespace halyard {
 bool InstallTrayHook() noexcept;
 void RemoveTrayHook() noexcept;
 
-// Asks `message`, one of TrayMessage. The answer; 0 when it couldn't be had. Waits at most 5 s, in which sent messages
-// are let in; after one such wait the rest of the same scan isn't asked at all.
-DWORD AskTray(UINT message, WPARAM wParam) noexcept;
+// What the primary taskbar has: the index of a window in its list, or `NotInTray`; the window at an index, null behind
+// the end. Each asks the shell, and gives 0 when it has no answer. Waits at most 5 s, in which sent messages are let
+// in.
+DWORD TrayIndexOf(HWND window) noexcept;
+HWND TrayWindowAt(DWORD index) noexcept;
 
-// As long as there is one, the shell is waited for once at most.
+// As long as there is one, the list is read once for all questions, and a shell without an answer is waited for once.
 class TrayScan {
 public:
     TrayScan() noexcept;
