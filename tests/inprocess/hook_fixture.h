@@ -1,6 +1,7 @@
 // The hook code of one process with recording behaviours, on windows of the test's thread.
 #pragma once
 
+#include "hook/hook_procs.h"
 #include "hook/thread_table.h"
 #include "kept_state.h"
 #include "recording_behaviours.h"
@@ -17,12 +18,10 @@ protected:
     HookTest() : server(WindowForm{.style = WS_POPUP}) {
         profile.isServerProcess = false;
         profile.hookEngineActive = true;
-        profile.moduleInstance = GetModuleHandleA(nullptr);
         profile.program = {};
         threadTable = &table;
-        recording.Reset();
+        recording = {};
         recording.server = server.get();
-        recording.names[server.get()] = "";
         server.handler = [](UINT message, WPARAM wParam, LPARAM lParam) -> std::optional<LRESULT> {
             if (message < WM_USER || message > 0xFFFF) return std::nullopt;
             recording.AddMessage("send", message, wParam, lParam);
@@ -36,17 +35,12 @@ protected:
     }
     ~HookTest() override {
         threadTable = nullptr;
-        recording.Reset();
+        recording = {};
     }
 
-    // Gives the window a name in the recording, "" for none in its lines.
-    static HWND Named(const TestWindow& window, const char* name = "") {
-        recording.names[window.get()] = name;
-        return window.get();
-    }
-
-    // The record of a window of this thread, classified, with nothing of that left in the recording.
+    // The record of the window that the test looks at from now on, classified, with nothing of that in the recording.
     static TrackedWindow& Known(HWND window) {
+        recording.subject = window;
         TrackedWindow& tracked = *TrackedWindowOf(window);
         tracked.Classify();
         recording.Take();
@@ -60,6 +54,20 @@ protected:
         settings.SetWindowMem(offered);
         // The program's own value has no setter in memory alone; it is made through the registry and left there.
         settings.SetAppWindowMem(forProgram);
+    }
+
+    // A sent message, as the platform calls the hook behind the window's procedure.
+    static void Observe(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0, LRESULT result = 0) {
+        const CWPRETSTRUCT event = {result, lParam, wParam, message, window};
+        EXPECT_EQ(0, CallWndProcRetHookProc(HC_ACTION, 0, reinterpret_cast<LPARAM>(&event)));
+    }
+
+    // A posted message as the platform would have it taken; whether it has been cancelled.
+    static bool Take(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
+        MSG taken = {window, message, wParam, lParam, 0, {0, 0}};
+        EXPECT_EQ(0, GetMessageHookProc(HC_ACTION, PM_REMOVE, reinterpret_cast<LPARAM>(&taken)));
+        EXPECT_TRUE(taken.message == message || taken.message == WM_NULL) << taken.message;
+        return taken.message != message;
     }
 
     KeptState kept;

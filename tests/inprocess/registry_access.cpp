@@ -7,20 +7,32 @@
 
 #include <algorithm>
 
+#include <shlwapi.h>
+
 namespace halyard::test {
 
 namespace {
 
-std::optional<Bytes> StoredBytes(HKEY hive, const std::string& path, const char* name, DWORD wanted) {
+using NameFn = LSTATUS(WINAPI*)(HKEY, DWORD, char*, DWORD*);
+
+Names AllNames(HKEY hive, const std::string& path, NameFn nameAt) {
+    Names names;
     RegistryKey key;
-    if (!key.Open(hive, path.c_str(), KEY_READ)) return std::nullopt;
+    if (!key.Open(hive, path.c_str(), KEY_READ)) return names;
+    char name[261];
+    for (DWORD index = 0, size = sizeof(name); nameAt(key.get(), index, name, &size) == ERROR_SUCCESS;
+         ++index, size = sizeof(name))
+        names.push_back(name);
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+std::optional<Bytes> StoredBytes(HKEY hive, const std::string& path, const char* name, DWORD wanted) {
+    Bytes bytes(1024, '\0');
     DWORD type = 0;
-    DWORD size = 0;
-    if (RegQueryValueExA(key.get(), name, nullptr, &type, nullptr, &size) != ERROR_SUCCESS || type != wanted)
-        return std::nullopt;
-    Bytes bytes(size, '\0');
-    RegQueryValueExA(key.get(), name, nullptr, &type, reinterpret_cast<BYTE*>(bytes.data()), &size);
-    return bytes;
+    auto size = static_cast<DWORD>(bytes.size());
+    if (SHGetValueA(hive, path.c_str(), name, &type, bytes.data(), &size) || type != wanted) return std::nullopt;
+    return bytes.substr(0, size);
 }
 
 }  // namespace
@@ -48,13 +60,9 @@ void DeleteTree(HKEY hive, const std::string& path) {
 }
 
 void Store(HKEY hive, const std::string& path, const char* name, DWORD type, const Bytes& bytes) {
-    RegistryKey key;
-    key.Create(hive, path.c_str());
     // The platform looks behind the bytes and closes a text for whom it finds a zero there.
     const Bytes room = bytes + 'x';
-    EXPECT_EQ(ERROR_SUCCESS, RegSetValueExA(key.get(), name, 0, type, reinterpret_cast<const BYTE*>(room.data()),
-                                            static_cast<DWORD>(bytes.size())))
-        << path << " " << name;
+    EXPECT_EQ(0, SHSetValueA(hive, path.c_str(), name, type, room.data(), static_cast<DWORD>(bytes.size()))) << path;
 }
 
 void StoreDword(HKEY hive, const std::string& path, const char* name, DWORD value) {
@@ -63,10 +71,7 @@ void StoreDword(HKEY hive, const std::string& path, const char* name, DWORD valu
 
 std::optional<DWORD> StoredDword(HKEY hive, const std::string& path, const char* name) {
     const auto bytes = StoredBytes(hive, path, name, REG_DWORD);
-    if (!bytes || bytes->size() != sizeof(DWORD)) return std::nullopt;
-    DWORD value = 0;
-    std::copy_n(bytes->data(), sizeof(value), reinterpret_cast<char*>(&value));
-    return value;
+    return bytes ? std::optional(*reinterpret_cast<const DWORD*>(bytes->data())) : std::nullopt;
 }
 
 std::optional<Bytes> StoredText(HKEY hive, const std::string& path, const char* name) {
@@ -74,51 +79,40 @@ std::optional<Bytes> StoredText(HKEY hive, const std::string& path, const char* 
 }
 
 Names Subkeys(HKEY hive, const std::string& path) {
-    Names names;
-    RegistryKey key;
-    if (!key.Open(hive, path.c_str(), KEY_READ)) return names;
-    char name[261];
-    for (DWORD index = 0; key.SubkeyName(index, name); ++index)
-        names.push_back(name);
-    return names;
+    return AllNames(hive, path, [](HKEY key, DWORD index, char* name, DWORD* size) WINAPI {
+        return RegEnumKeyExA(key, index, name, size, nullptr, nullptr, nullptr, nullptr);
+    });
 }
 
 Names ValueNames(HKEY hive, const std::string& path) {
-    Names names;
-    RegistryKey key;
-    if (!key.Open(hive, path.c_str(), KEY_READ)) return names;
-    char name[261];
-    for (DWORD index = 0, size = sizeof(name);
-         RegEnumValueA(key.get(), index, name, &size, nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS;
-         ++index, size = sizeof(name))
-        names.push_back(name);
-    std::sort(names.begin(), names.end());
-    return names;
+    return AllNames(hive, path, [](HKEY key, DWORD index, char* name, DWORD* size) WINAPI {
+        return RegEnumValueA(key, index, name, size, nullptr, nullptr, nullptr, nullptr);
+    });
 }
 
-void Restrict(HKEY hive, const std::string& path, REGSAM access) {
+void Restrict(HKEY hive, const std::string& path) {
     alignas(DWORD) BYTE room[128];
     auto* list = reinterpret_cast<ACL*>(room);
     SID_IDENTIFIER_AUTHORITY world = SECURITY_WORLD_SID_AUTHORITY;
     PSID everybody = nullptr;
     AllocateAndInitializeSid(&world, 1, SECURITY_WORLD_RID, 0, 0, 0, 0, 0, 0, 0, &everybody);
     InitializeAcl(list, sizeof(room), ACL_REVISION);
-    AddAccessAllowedAce(list, ACL_REVISION, access | DELETE | WRITE_DAC, everybody);
+    AddAccessAllowedAce(list, ACL_REVISION, KEY_READ | DELETE | WRITE_DAC, everybody);
     SECURITY_DESCRIPTOR descriptor;
     InitializeSecurityDescriptor(&descriptor, SECURITY_DESCRIPTOR_REVISION);
     SetSecurityDescriptorDacl(&descriptor, TRUE, list, FALSE);
     RegistryKey key;
     EXPECT_TRUE(key.Open(hive, path.c_str(), WRITE_DAC)) << path;
-    EXPECT_EQ(ERROR_SUCCESS, RegSetKeySecurity(key.get(), DACL_SECURITY_INFORMATION, &descriptor)) << path;
+    RegSetKeySecurity(key.get(), DACL_SECURITY_INFORMATION, &descriptor);
     FreeSid(everybody);
     ASSERT_FALSE(RegistryKey().Open(hive, path.c_str(), KEY_ALL_ACCESS)) << "the platform does not enforce it";
 }
 
 AsOrdinaryUser::AsOrdinaryUser() {
-    SID_IDENTIFIER_AUTHORITY system = {{0, 0, 0, 0, 0, 5}};  // SECURITY_NT_AUTHORITY
-    SID_AND_ATTRIBUTES administrators = {};
-    AllocateAndInitializeSid(&system, 2, SECURITY_BUILTIN_DOMAIN_RID, DOMAIN_ALIAS_RID_ADMINS, 0, 0, 0, 0, 0, 0,
-                             &administrators.Sid);
+    alignas(DWORD) BYTE room[SECURITY_MAX_SID_SIZE];
+    DWORD size = sizeof(room);
+    SID_AND_ATTRIBUTES administrators = {room, 0};
+    CreateWellKnownSid(WinBuiltinAdministratorsSid, nullptr, room, &size);
     HANDLE own = nullptr;
     HANDLE lesser = nullptr;
     HANDLE worn = nullptr;
@@ -128,11 +122,6 @@ AsOrdinaryUser::AsOrdinaryUser() {
     EXPECT_TRUE(SetThreadToken(nullptr, worn)) << GetLastError();
     for (HANDLE handle : {own, lesser, worn})
         CloseHandle(handle);
-    FreeSid(administrators.Sid);
-}
-
-AsOrdinaryUser::~AsOrdinaryUser() {
-    SetThreadToken(nullptr, nullptr);
 }
 
 }  // namespace halyard::test

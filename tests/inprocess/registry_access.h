@@ -24,15 +24,15 @@ void DeleteTree(HKEY hive, const std::string& path);
 
 void Store(HKEY hive, const std::string& path, const char* name, DWORD type, const Bytes& bytes);
 void StoreDword(HKEY hive, const std::string& path, const char* name, DWORD value);
-// As it stands there; nothing for a value that is missing or no number.
+// As it stands there; nothing for a value that is missing or of another type.
 std::optional<DWORD> StoredDword(HKEY hive, const std::string& path, const char* name);
 std::optional<Bytes> StoredText(HKEY hive, const std::string& path, const char* name);  // the closing zero included
 
 Names Subkeys(HKEY hive, const std::string& path);
 Names ValueNames(HKEY hive, const std::string& path);
 
-// Leaves everybody no other access to the key; it can still be deleted.
-void Restrict(HKEY hive, const std::string& path, REGSAM access);
+// Leaves everybody no more than reading; the key can still be deleted.
+void Restrict(HKEY hive, const std::string& path);
 
 // This thread goes on without the rights of an administrator.
 class AsOrdinaryUser {
@@ -40,7 +40,7 @@ public:
     AsOrdinaryUser();
     AsOrdinaryUser(const AsOrdinaryUser&) = delete;
     AsOrdinaryUser& operator=(const AsOrdinaryUser&) = delete;
-    ~AsOrdinaryUser();
+    ~AsOrdinaryUser() { SetThreadToken(nullptr, nullptr); }
 };
 
 }  // namespace halyard::test
