@@ -141,6 +141,59 @@ TEST_F(DockingTest, AnAutohideBarFollowsTheCursor) {
     EXPECT_TRUE(BarBecomes(2, AtBottom));
 }
 
+// A pixel of the screen.
+COLORREF ColourAt(POINT point) {
+    HDC screen = GetDC(nullptr);
+    const COLORREF colour = GetPixel(screen, point.x, point.y);
+    ReleaseDC(nullptr, screen);
+    return colour;
+}
+
+// With visual styles that have something for taskbars.
+class ThemedTest : public TaskbarTest {
+protected:
+    static constexpr char Key[] = "Software\\Microsoft\\Windows\\CurrentVersion\\ThemeManager";
+    void SetUp() override {
+        TaskbarTest::SetUp();
+        before = TextOf(Key, "DllName");
+        WriteText(Key, "DllName", BinFolder() + "standin_theme.msstyles");
+        WriteText(Key, "ColorName", "Plain");
+    }
+    void TearDown() override {
+        TaskbarTest::TearDown();
+        WriteText(Key, "DllName", before);
+        WriteText(Key, "ColorName", "Blue");
+    }
+    std::string before;
+};
+
+TEST_F(ThemedTest, TheThemeDrawsTheBarAndItsSizingStrip) {
+    constexpr COLORREF Bar = RGB(60, 100, 180), Strip = RGB(250, 220, 90);
+    StartAll();
+    ASSERT_TRUE(BarBecomes(2, {1024, 734, 2048, 768}));
+    EXPECT_TRUE(Eventually([] {
+        return ColourAt({1900, 735}) == Strip && ColourAt({1900, 755}) == Bar;
+    })) << std::hex
+        << ColourAt({1900, 735}) << ' ' << ColourAt({1900, 755});
+    const struct {
+        LONG to;
+        RECT place;
+    } sizes[] = {{700, {1024, 704, 2048, 768}}, {766, {1024, 766, 2048, 768}}};
+    for (const auto& size : sizes) {
+        Drag drag(BarOn(2), {1500, PlaceOf(BarOn(2)).top + 1});
+        ASSERT_TRUE(drag.Began());
+        drag.To(0, size.to - PlaceOf(BarOn(2)).top - 1);
+        drag.Drop();
+        EXPECT_TRUE(BarBecomes(2, size.place)) << size.to;
+    }
+    PostMessageA(BarOn(2), WM_COMMAND, 40003, 0);
+    EXPECT_TRUE(Eventually([] { return Stored("TaskbarLocked_2") == 1; }));
+    QuitLoader();
+    StartLoader();
+    EXPECT_TRUE(BarBecomes(2, {1024, 738, 2048, 768}));
+    EXPECT_TRUE(Eventually([] { return ColourAt({1900, 739}) == Bar; })) << std::hex << ColourAt({1900, 739});
+}
+
 TEST_F(DockingTest, FullScreenProgramsAreInFront) {
     StartAll();
     const Sample sample = OpenAt("Screen", {1024, 0});
