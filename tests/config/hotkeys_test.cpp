@@ -3,6 +3,8 @@
 
 #include <vector>
 
+#include <shlwapi.h>
+
 namespace halyard::test {
 
 namespace {
@@ -18,31 +20,24 @@ struct Binding {
 };
 
 void WriteBinding(const char* action, Binding binding) {
-    HKEY key = nullptr;
-    RegCreateKeyA(HKEY_CURRENT_USER, HotkeysKey, &key);
-    RegSetValueExA(key, action, 0, REG_BINARY, reinterpret_cast<const BYTE*>(&binding), sizeof(binding));
-    RegCloseKey(key);
+    SHSetValueA(HKEY_CURRENT_USER, HotkeysKey, action, REG_BINARY, &binding, sizeof(binding));
 }
 
 std::vector<DWORD> ReadBinding(const char* action) {
     Binding binding = {};
     DWORD size = sizeof(binding);
-    HKEY key = nullptr;
-    RegOpenKeyA(HKEY_CURRENT_USER, HotkeysKey, &key);
-    const LONG result = RegQueryValueExA(key, action, nullptr, nullptr, reinterpret_cast<BYTE*>(&binding), &size);
-    RegCloseKey(key);
-    if (result != ERROR_SUCCESS) return {};
+    if (SHGetValueA(HKEY_CURRENT_USER, HotkeysKey, action, nullptr, &binding, &size) != ERROR_SUCCESS) return {};
     return {binding.alt, binding.ctrl, binding.shift, binding.win, binding.key};
 }
 
 class HotkeysTest : public SheetTest {
 protected:
     // Selects the row, presses the combination in the box or in the list, and sets it if that can be done.
-    bool SetBinding(int row, std::initializer_list<WORD> keys, bool inList = false) {
+    bool SetBinding(int row, const char* keys, bool inList = false) {
         SelectRow(IDC_HOTKEY_LIST, row);
         EXPECT_TRUE(Becomes(IDC_HOTKEY_BOX, true));
         if (!inList) Focus(IDC_HOTKEY_BOX);
-        PressKeys(keys);
+        TapKey(keys);
         Ask(SheetWindow(), WM_NULL);
         if (!Eventually([&] { return IsWindowEnabled(Control(IDC_SET_HOTKEY)) != FALSE; }, 700)) return false;
         ClickControl(IDC_SET_HOTKEY);
@@ -57,22 +52,22 @@ TEST_F(HotkeysTest, AreSetShownStoredAndClear) {
     EXPECT_EQ(TextOfControl(IDC_HOTKEY_BOX), "<select an action>");
     ASSERT_TRUE(Becomes(IDC_HOTKEY_BOX, false));
 
-    EXPECT_TRUE(SetBinding(NextRow, {VK_CONTROL, VK_SHIFT, VK_F5}));
+    EXPECT_TRUE(SetBinding(NextRow, "ctrl+shift+F5"));
     EXPECT_EQ(TextOfControl(IDC_HOTKEY_BOX), "Ctrl + Shift + F5");
-    EXPECT_TRUE(SetBinding(PreviousRow, {VK_CONTROL, VK_MENU, 'B'}, true)) << "pressed in the list";
+    EXPECT_TRUE(SetBinding(PreviousRow, "ctrl+alt+b", true)) << "pressed in the list";
     EXPECT_EQ(TextOfControl(IDC_HOTKEY_BOX), "Ctrl + Alt + B");
-    EXPECT_TRUE(SetBinding(TopmostRow, {VK_MENU, VK_F7}));
+    EXPECT_TRUE(SetBinding(TopmostRow, "alt+F7"));
     EXPECT_EQ(TextOfControl(IDC_HOTKEY_BOX), "Alt + F7");
-    EXPECT_TRUE(SetBinding(DesktopTwoRow, {VK_LWIN, VK_CONTROL, VK_F2}));
+    EXPECT_TRUE(SetBinding(DesktopTwoRow, "super+ctrl+F2"));
     EXPECT_EQ(TextOfControl(IDC_HOTKEY_BOX), "Ctrl + Window + F2");
-    EXPECT_FALSE(SetBinding(FindCursorRow, {VK_CONTROL, VK_F12})) << "F12 can't be bound";
-    EXPECT_FALSE(SetBinding(FindCursorRow, {'Q'})) << "a key alone is no binding";
-    EXPECT_TRUE(SetBinding(DefaultRow, {VK_BACK}));
+    EXPECT_FALSE(SetBinding(FindCursorRow, "ctrl+F12")) << "F12 can't be bound";
+    EXPECT_FALSE(SetBinding(FindCursorRow, "q")) << "a key alone is no binding";
+    EXPECT_TRUE(SetBinding(DefaultRow, "BackSpace"));
     EXPECT_EQ(TextOfControl(IDC_HOTKEY_BOX), "None");
-    EXPECT_TRUE(SetBinding(DesktopOneRow, {VK_CONTROL, VK_SHIFT, VK_F5}));
+    EXPECT_TRUE(SetBinding(DesktopOneRow, "ctrl+shift+F5"));
     EXPECT_TRUE(Eventually([&] { return TextOfControl(IDC_HOTKEY_HINT).find("Next desktop") != std::string::npos; }))
         << "two actions with one combination aren't pointed out: " << TextOfControl(IDC_HOTKEY_HINT);
-    EXPECT_TRUE(SetBinding(DesktopOneRow, {VK_DELETE}));
+    EXPECT_TRUE(SetBinding(DesktopOneRow, "Delete"));
     EXPECT_EQ(ReadBinding("6"), (std::vector<DWORD>{0, 1, 0, 0, 'D'})) << "nothing is written before Apply";
     PressOk();
 
@@ -85,7 +80,7 @@ TEST_F(HotkeysTest, AreSetShownStoredAndClear) {
 
     // Set but not applied, a combination is dropped by Cancel.
     OpenSheet(HotkeysTab);
-    EXPECT_TRUE(SetBinding(FindCursorRow, {VK_CONTROL, VK_F9}));
+    EXPECT_TRUE(SetBinding(FindCursorRow, "ctrl+F9"));
     PressCancel();
     OpenSheet(HotkeysTab);
     SelectRow(IDC_HOTKEY_LIST, FindCursorRow);
@@ -99,31 +94,28 @@ TEST_F(HotkeysTest, RunTheirActionsWhileAnotherProgramHasTheFocus) {
         DWORD key;
     } bindings[] = {{"2", VK_F2}, {"3", VK_F3}, {"4", VK_F4}, {"5", VK_F5}, {"6", VK_F6}, {"1073741826", VK_F7}};
     for (const auto& row : bindings)
-        WriteBinding(row.action, {1, 1, 0, 0, row.key});
+        WriteBinding(row.action, {0, 1, 1, 0, row.key});
     StartLoader();
     const Sample notepad = OpenNotepad();
     ASSERT_TRUE(WindowsBecome(0, 1));
     Assign(notepad.window, published::AllDesktops);
     ASSERT_TRUE(BringToFront(notepad.window));
-    const struct {
-        WORD key;
-        int desktop;
-    } presses[] = {{VK_F4, 1}, {VK_F4, 2}, {VK_F4, 0}, {VK_F5, 2}, {VK_F6, 0}, {VK_F7, 2}};
-    for (const auto& press : presses) {
-        PressKeys({VK_CONTROL, VK_MENU, press.key});
-        ASSERT_TRUE(DesktopBecomes(press.desktop)) << "after F" << press.key - VK_F1 + 1;
+    const std::pair<const char*, int> presses[] = {{"F4", 1}, {"F4", 2}, {"F4", 0}, {"F5", 2}, {"F6", 0}, {"F7", 2}};
+    for (const auto& [key, desktop] : presses) {
+        TapKey(std::string("ctrl+shift+") + key);
+        ASSERT_TRUE(DesktopBecomes(desktop)) << "after " << key;
     }
     const auto isTopmost = [&] { return (GetWindowLongA(notepad.window, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0; };
     for (const bool topmost : {true, false}) {
-        PressKeys({VK_CONTROL, VK_MENU, VK_F3});
+        TapKey("ctrl+shift+F3");
         EXPECT_TRUE(Eventually([&] { return isTopmost() == topmost; })) << Describe(notepad.window);
     }
     // With desktops off the switches do nothing, the others work.
     WriteNumber(published::ProductKey, "MultiDesk", 0);
     AskServer(published::Restart, 1);
     ASSERT_TRUE(DesktopBecomes(0));
-    PressKeys({VK_CONTROL, VK_MENU, VK_F4});
-    PressKeys({VK_CONTROL, VK_MENU, VK_F2});
+    TapKey("ctrl+shift+F4");
+    TapKey("ctrl+shift+F2");
     EXPECT_TRUE(Eventually([&] { return SheetWindow() != nullptr; })) << "the dialog doesn't open";
     EXPECT_TRUE(DesktopBecomes(0));
 }
@@ -140,35 +132,27 @@ TEST_F(HotkeysTest, ThatAnotherProgramHoldsAreExplained) {
     PressCancel();
 }
 
-// The pixels round the cursor, as far as the rings reach.
-std::vector<DWORD> Surroundings() {
-    constexpr int Side = 220;
-    const BITMAPINFO format = {{sizeof(BITMAPINFOHEADER), Side, Side, 1, 32, BI_RGB, 0, 0, 0, 0, 0}, {}};
-    void* bits = nullptr;
-    HDC screen = GetDC(nullptr);
-    HDC memory = CreateCompatibleDC(screen);
-    HBITMAP bitmap = CreateDIBSection(screen, &format, DIB_RGB_COLORS, &bits, nullptr, 0);
-    HGDIOBJ old = SelectObject(memory, bitmap);
-    BitBlt(memory, 0, 0, Side, Side, screen, 300, 200, SRCCOPY);
-    GdiFlush();
-    const auto* first = static_cast<const DWORD*>(bits);
-    std::vector<DWORD> pixels(first, first + Side * Side);
-    SelectObject(memory, old);
-    DeleteObject(bitmap);
-    DeleteDC(memory);
+// The pixels on two lines through the cursor, which the rings cross.
+std::vector<COLORREF> Surroundings() {
+    std::vector<COLORREF> pixels;
+    const HDC screen = GetDC(nullptr);
+    for (int way = -110; way < 110; way += 3) {
+        pixels.push_back(GetPixel(screen, 410 + way, 312));
+        pixels.push_back(GetPixel(screen, 412, 310 + way));
+    }
     ReleaseDC(nullptr, screen);
     return pixels;
 }
 
 TEST_F(HotkeysTest, FindTheCursorAndLeaveNoPixelBehind) {
-    WriteBinding("1", {1, 1, 0, 0, VK_F9});
+    WriteBinding("1", {0, 1, 1, 0, VK_F9});
     StartLoader();
     const Sample sample = OpenSample("Under the rings", "--at 200,100,500,450");
     ASSERT_TRUE(WindowsBecome(0, 1));
     ASSERT_TRUE(BringToFront(sample.window));
     MoveMouse({410, 310});
     // Until nothing is painted any more: the rings invert what they find.
-    std::vector<DWORD> before;
+    std::vector<COLORREF> before;
     int same = 0;
     ASSERT_TRUE(Eventually([&] {
         const auto now = Surroundings();
@@ -176,7 +160,7 @@ TEST_F(HotkeysTest, FindTheCursorAndLeaveNoPixelBehind) {
         before = now;
         return same == 20;
     })) << "the sample doesn't stop painting";
-    PressKeys({VK_CONTROL, VK_MENU, VK_F9});
+    TapKey("ctrl+shift+F9");
     EXPECT_TRUE(Eventually([&] { return Surroundings() != before; })) << "no ring was seen";
     EXPECT_TRUE(Eventually([&] { return Surroundings() == before; })) << "pixels were left behind";
 }

@@ -9,8 +9,8 @@ namespace {
 
 class PagesTest : public SheetTest {
 protected:
-    // Types a name into the row of the list that has begun to be edited.
-    void NameRow(const char* name) {
+    // Types letters into the row of the list that has begun to be edited.
+    void NameRow(const std::string& keys) {
         const auto edit = [&] { return reinterpret_cast<HWND>(Ask(Control(IDC_DESKTOP_LIST), LVM_GETEDITCONTROL)); };
         const auto focus = [&] {
             GUITHREADINFO info = {};
@@ -19,8 +19,7 @@ protected:
             return info.hwndFocus;
         };
         ASSERT_TRUE(Eventually([&] { return edit() && edit() == focus(); })) << "no row is being edited";
-        TypeText(name);
-        TapVirtualKey(VK_RETURN);
+        TapKey(keys + " Return");
         ASSERT_TRUE(Eventually([&] { return !edit(); })) << "still editing";
         ASSERT_NE(SheetWindow(), nullptr) << "the key that ended the name closed the sheet";
     }
@@ -41,11 +40,11 @@ TEST_F(PagesTest, WindowsChoicesReachStoreProgramsAndTheNextSheet) {
         ClickControl(box);
     ASSERT_TRUE(Becomes(IDC_DIALOGS_WHERE, true));
     Focus(IDC_DIALOGS_WHERE);
-    TapVirtualKey(VK_END);  // the last display
+    TapKey("End");  // the last display
     ASSERT_TRUE(Becomes(IDC_OPACITY, true));
     Focus(IDC_OPACITY);
-    TapVirtualKey(VK_HOME);
-    TapVirtualKey(VK_RIGHT);
+    TapKey("Home");
+    TapKey("Right");
     EXPECT_TRUE(Eventually([&] { return CanApply(); }));
     EXPECT_EQ(Stored("CtrlMax"), 0u) << "nothing is written before Apply";
     PressApply();
@@ -130,15 +129,15 @@ TEST_F(PagesTest, DesktopsAreAddedNamedRemovedAndActivated) {
 
     SelectRow(IDC_DESKTOP_LIST, 0);
     EXPECT_TRUE(Becomes(IDC_REMOVE_DESKTOP, false));
-    TapVirtualKey(VK_F2);
+    TapKey("F2");
     EXPECT_EQ(Ask(Control(IDC_DESKTOP_LIST), LVM_GETEDITCONTROL), 0) << "the default desktop keeps its name";
 
     // A new row goes straight into editing its name.
     ClickControl(IDC_ADD_DESKTOP);
-    NameRow("web");
+    NameRow("w e b");
     SelectRow(IDC_DESKTOP_LIST, 2);
-    TapVirtualKey(VK_F2);
-    NameRow("mail");
+    TapKey("F2");
+    NameRow("m a i l");
     EXPECT_EQ(TextOf(DesktopKey(2), nullptr), "Two") << "nothing is written before Apply";
     PressApply();
     EXPECT_EQ(TextOf(DesktopKey(2), nullptr), "mail");
@@ -190,8 +189,8 @@ TEST_F(PagesTest, OneSheetHoweverOftenItIsAskedFor) {
     PostMessageA(GetParent(Control(IDC_MIRROR)), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(Control(IDC_MIRROR)),
                  MAKELPARAM(place.left + 30, place.top + 5));
     ASSERT_TRUE(EntersLoop(SheetWindow(), GUI_INMENUMODE));
-    TapVirtualKey(VK_DOWN);
-    TapVirtualKey(VK_RETURN);
+    TapKey("Down");
+    TapKey("Return");
     const auto tip = [&] {
         for (HWND window : TopLevelWindows())
             if (IsWindowVisible(window) && Describe(window).find("tooltips_class32") != std::string::npos)

@@ -1,7 +1,6 @@
 #include "config/sheet_fixture.h"
 
 #include <commctrl.h>
-#include <iterator>
 #include <prsht.h>
 
 namespace halyard::test {
@@ -19,15 +18,6 @@ BOOL CALLBACK MatchControl(HWND window, LPARAM lParam) {
     auto& search = *reinterpret_cast<ControlSearch*>(lParam);
     if (GetDlgCtrlID(window) == search.id && IsWindowVisible(window)) search.found = window;
     return !search.found;
-}
-
-void SendKey(WORD key, DWORD flags) {
-    INPUT input = {};
-    input.type = INPUT_KEYBOARD;
-    input.ki.wVk = key;
-    input.ki.wScan = static_cast<WORD>(MapVirtualKeyA(key, MAPVK_VK_TO_VSC));
-    input.ki.dwFlags = flags;
-    EXPECT_EQ(SendInput(1, &input, sizeof(input)), 1u);
 }
 
 POINT MiddleOf(HWND window) {
@@ -104,14 +94,14 @@ void SheetTest::SelectRow(int list, int row) {
     Focus(list);
     const auto selected = [&] { return Ask(Control(list), LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED); };
     // Without a selection it depends on what the list last had which key makes one.
-    for (const WORD key : {VK_DOWN, VK_HOME, VK_END})
+    for (const char* key : {"Down", "Home", "End"})
         if (selected() < 0) {
-            TapVirtualKey(key);
+            TapKey(key);
             Eventually([&] { return selected() >= 0; }, 500);
         }
     // Key by key, so that none is still on its way when the row is there.
     for (int now = static_cast<int>(selected()); now != row;) {
-        TapVirtualKey(now < row ? VK_DOWN : VK_UP);
+        TapKey(now < row ? "Down" : "Up");
         ASSERT_TRUE(Eventually([&] { return selected() != now; })) << "row " << now << " stays selected, not " << row;
         now = static_cast<int>(selected());
     }
@@ -129,22 +119,6 @@ void SheetTest::Press(int button, bool closes) {
 testing::AssertionResult SheetTest::DesktopBecomes(int id) {
     if (Eventually([&] { return Status("current desktop") == std::to_string(id); })) return testing::AssertionSuccess();
     return testing::AssertionFailure() << "the current desktop is " << Status("current desktop") << ", not " << id;
-}
-
-void TapVirtualKey(WORD key) {
-    PressKeys({key});
-}
-
-void PressKeys(std::initializer_list<WORD> keys) {
-    for (const WORD key : keys)
-        SendKey(key, 0);
-    for (auto key = std::rbegin(keys); key != std::rend(keys); ++key)
-        SendKey(*key, KEYEVENTF_KEYUP);
-}
-
-void TypeText(const char* text) {
-    for (; *text; ++text)
-        TapVirtualKey(static_cast<WORD>(LOBYTE(VkKeyScanA(*text))));
 }
 
 }  // namespace halyard::test

@@ -41,10 +41,4 @@ private:
     void Press(int button, bool closes);
 };
 
-// Keys by their virtual codes, which is how combinations are bound.
-void TapVirtualKey(WORD key);
-// A combination pressed and let go: modifiers in the order that they are given in.
-void PressKeys(std::initializer_list<WORD> keys);
-void TypeText(const char* text);
-
 }  // namespace halyard::test

@@ -119,15 +119,11 @@ TEST(BasicValue, IsShownByLengthAndType) {
         const char* text;
     };
     const Case cases[] = {
-        {"byte", 4, 0, 1, "\xFE", " = FE"},
-        {"word", 4, 0, 2, "\x01\xA0", " = A001"},
         {"number", 4, 7, 4, Bytes(0x78, 0x56, 0x34, 0x12), " = 12345678"},
         {"float", 4, 8, 4, Bytes(0, 0, 0xC0, 0xBF), " = -1.500000"},
         {"double", 4, 8, 8, Bytes(0, 0, 0, 0, 0, 0, 0xF8, 0x3F), " = 1.500000"},
-        {"long", 4, 7, 8, Bytes(1, 0, 0, 0, 0, 0, 0, 0x80), " = 8000000000000001"},
         {"long text", 4, 2, 4, Bytes(0, 0x20, 0, 0), " = \"0123456789012345678901234567890\""},
         {"wide pointer", 8, 2, 8, Bytes(0, 0x20, 0, 0, 0, 0, 0, 0), " = \"0123456789012345678901234567890\""},
-        {"half a wide pointer", 8, 2, 4, Bytes(0, 0x20, 0, 0), " = 2000"},
         {"text that ends with its page", 4, 2, 4, Bytes(0xFD, 0x2F, 0, 0), " = \"ab\""},
         {"text that goes on beyond its page", 4, 2, 4, Bytes(0xFD, 0x3F, 0, 0), " = 3FFD"},
         {"text nowhere", 4, 2, 4, Bytes(0, 0, 0, 0x70), " = 70000000"},
@@ -272,15 +268,6 @@ TEST(Report, OfAnyProgramEndsAndStaysInItsRoom) {
         BuildReport(source, MadeUpFault, report);
         ASSERT_LE(std::strlen(report.Text()), room) << "run " << run;
     }
-}
-
-TEST(Report, CutsAPieceAtTheEndOfItsWorkArea) {
-    const std::string piece(5000, 'p');
-    ReportText text(0x10000);
-    AppendFormat(text, "%s", piece.c_str());
-    EXPECT_EQ(text.Text(), piece.substr(0, 511));
-    AppendFormatLong(text, "%s", piece.c_str());
-    EXPECT_EQ(text.Text(), piece.substr(0, 511 + 2047));
 }
 
 TEST(Report, ReadsNoMoreMembersThanItAskedFor) {

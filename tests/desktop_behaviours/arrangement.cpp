@@ -31,14 +31,6 @@ BOOL CALLBACK Collect(HMONITOR display, HDC, RECT*, LPARAM displays) {
     return TRUE;
 }
 
-bool Same(const Display& a, const Display& b) {
-    return EqualRect(&a.whole, &b.whole) && EqualRect(&a.workArea, &b.workArea);
-}
-
-bool AreSame(const std::vector<Display>& a, const std::vector<Display>& b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(), Same);
-}
-
 // The X server counts from the top left corner of them all.
 POINT OriginOf(const std::vector<Display>& displays) {
     POINT origin = {0, 0};
@@ -97,14 +89,14 @@ std::string Describe(const std::vector<Display>& displays) {
 }
 
 bool Arrange(const std::vector<Display>& wanted) {
-    if (AreSame(PresentDisplays(), wanted)) return true;
+    if (Describe(PresentDisplays()) == Describe(wanted)) return true;
     std::string outputs;
     for (int output = 0; output < Outputs; ++output)
         outputs += OutputText(output, wanted);
     // The work areas are read when the outputs change, so that they must change: they go away first.
     RunBeneath(PropertyText("_NET_CURRENT_DESKTOP", "0") + PropertyText("_GTK_WORKAREAS_D0", WorkAreaText(wanted)) +
                "xrandr --output DUMMY1 --off --output DUMMY2 --off && xrandr" + outputs);
-    return Eventually([&] { return AreSame(PresentDisplays(), wanted); });
+    return Eventually([&] { return Describe(PresentDisplays()) == Describe(wanted); });
 }
 
 void RunBeneath(const std::string& command) {

@@ -57,15 +57,6 @@ protected:
         Set("DialogMonitor", display);
         TellSettings(witness);
     }
-    // The message box that the program has open.
-    static HWND BoxOf(const Sample& program, const std::string& title) {
-        HWND box = nullptr;
-        EXPECT_TRUE(Eventually([&] {
-            box = WindowOf(program.program->Id(), title);
-            return box && IsWindowVisible(box);
-        })) << "no box";
-        return box;
-    }
 };
 
 TEST_F(DialogTest, GoWhereTheUserWantsThem) {
@@ -89,40 +80,6 @@ TEST_F(DialogTest, GoWhereTheUserWantsThem) {
     }
 }
 
-TEST_F(DialogTest, LargerThanTheirProgramKeepTheirTopLeftCornerOverIt) {
-    const Sample frame = OpenFrame("Small", "--at 1200,300,130,60");
-    ASSERT_TRUE(WindowsBecome(0, 1));
-    Choose(frame, 1, 1);
-    const RECT small = PlaceOf(frame.window);
-    const HWND dialog = OpenDialog(frame, frame::VisibleOwner, OnFirst);
-    Ask(dialog, sample::ShowAs, SW_SHOW);
-    EXPECT_TRUE(BecomesPlaced(dialog, Moved(PlaceOf(dialog), {small.left, small.top})));
-}
-
-TEST_F(DialogTest, StayInWorkAreas) {
-    ASSERT_TRUE(Arrange(UnderTaskbars())) << Describe(PresentDisplays());
-    const Sample frame = OpenFrame("Under taskbars", FramePlace);
-    ASSERT_TRUE(WindowsBecome(0, 1));
-    Choose(frame, 3, 2);
-    const HWND dialog = OpenDialog(frame, frame::VisibleOwner, OnFirst);
-    Ask(dialog, sample::ShowAs, SW_SHOW);
-    EXPECT_TRUE(BecomesPlaced(dialog, Centred(PlaceOf(dialog), UnderTaskbars()[1].workArea)));
-}
-
-TEST_F(DialogTest, MessageBoxesOfASample) {
-    const Sample frame = OpenFrame("Asking", FramePlace);
-    ASSERT_TRUE(WindowsBecome(0, 1));
-    const std::pair<frame::Owner, RECT> cases[] = {{frame::VisibleOwner, Frame}, {frame::HiddenOwner, FirstDisplay}};
-    Choose(frame, 1, 1);
-    for (const auto& [owner, target] : cases) {
-        PostMessageA(frame.window, frame::OpenBox, owner, 0);
-        const HWND box = BoxOf(frame, "Box");
-        EXPECT_TRUE(BecomesPlaced(box, Centred(PlaceOf(box), target))) << "owner " << owner;
-        PostMessageA(box, WM_CLOSE, 0, 0);
-        ASSERT_TRUE(Eventually([&] { return !IsWindow(box); }));
-    }
-}
-
 TEST_F(DialogTest, TheQuestionThatNotepadAsks) {
     Set("DialogControl", 3);
     Set("DialogMonitor", 2);
@@ -134,54 +91,9 @@ TEST_F(DialogTest, TheQuestionThatNotepadAsks) {
     // By now the text is changed, and its program asks before it closes.
     ASSERT_TRUE(Eventually([&] { return Ask(FindWindowExA(notepad.window, nullptr, "Edit", nullptr), EM_GETMODIFY); }));
     TapKey("alt+F4");
-    const HWND box = BoxOf(notepad, "Notepad");
+    HWND box = nullptr;
+    ASSERT_TRUE(Eventually([&] { return (box = FindWindowA("#32770", "Notepad")) && IsWindowVisible(box); }));
     EXPECT_TRUE(BecomesPlaced(box, Centred(PlaceOf(box), SecondDisplay)));
-}
-
-// These programs are known by their file names. What is done in them otherwise shows in their dialogs' messages.
-struct Treatment {
-    const char* program;
-    bool placedUnseen;  // at an activation before it is shown
-    bool repainted;     // when it is placed
-};
-
-const Treatment Treatments[] = {
-    {"other.exe", true, false},
-    {"winproj.exe", true, true},
-    {"my explorer.exe", true, true},
-    {"corelpp.exe", false, false},
-};
-
-TEST_F(DialogTest, OfProgramsWithTreatmentOfTheirOwn) {
-    const std::string copies = ScratchFolder();
-    for (const auto& [program, placedUnseen, repainted] : Treatments) {
-        SCOPED_TRACE(program);
-        const Sample frame = OpenFrameFrom(CopyTo(copies, "sample_frame.exe", program), program, FramePlace);
-        Choose(frame, 1, 1);
-        // One that is active before it shows,
-        HWND dialog = OpenDialog(frame, frame::VisibleOwner, OnFirst);
-        const RECT opened = PlaceOf(dialog);
-        const RECT centred = Centred(opened, Frame);
-        Ask(dialog, frame::Activate);
-        EXPECT_TRUE(BecomesPlaced(dialog, placedUnseen ? centred : opened));
-        Ask(dialog, sample::ShowAs, SW_SHOW);
-        EXPECT_TRUE(BecomesPlaced(dialog, centred));
-        Ask(dialog, WM_CLOSE);
-
-        // and one that shows before it is active.
-        dialog = OpenDialog(frame, frame::VisibleOwner, {20, 400});
-        Ask(dialog, sample::ShowAs, SW_SHOWNOACTIVATE);
-        const auto painted = [&] { return Ask(dialog, sample::CountMessage, WM_ERASEBKGND); };
-        ASSERT_TRUE(Eventually([&] { return painted() > 0 && !GetUpdateRect(dialog, nullptr, FALSE); }));
-        const LRESULT before = painted();
-        Ask(dialog, frame::Activate);
-        ASSERT_TRUE(BecomesPlaced(dialog, centred));
-        if (repainted)
-            EXPECT_TRUE(Eventually([&] { return painted() > before; }));
-        else
-            EXPECT_EQ(painted(), before);
-        Close(frame);
-    }
 }
 
 }  // namespace

@@ -14,6 +14,8 @@ protected:
     void SetUp() override {
         BehaviourTest::SetUp();
         Set("Autodock", 1);
+        Set("DragTrans", 1);
+        Set("DragTransPerCent", 50);
         StartLoader();
     }
 
@@ -35,6 +37,7 @@ TEST_F(DragEndTest, SizingDocksNothing) {
     Drag drag(frame.window, LowerRightCornerOf(frame.window));
     drag.SlowlyTo(200, 60);
     EXPECT_TRUE(BecomesPlaced(frame.window, {600, 100, 1100, 400}));
+    EXPECT_FALSE(GetWindowLongA(frame.window, GWL_EXSTYLE) & WS_EX_LAYERED) << "nor does it show transparent";
     drag.Drop();
     EXPECT_TRUE(BecomesPlaced(frame.window, {600, 100, 1100, 400}));
     EXPECT_EQ(Ask(frame.window, frame::HasOwnProcedure), 1);
@@ -88,24 +91,7 @@ TEST_F(DragEndTest, AWindowThatGoesLeavesTheNextOneWatched) {
     EXPECT_EQ(Ask(other, frame::HasOwnProcedure), 1);
 }
 
-TEST_F(DragEndTest, AKilledProgramLeavesOthersWatched) {
-    const Sample killed = OpenFrame("Killed", Place);
-    const Sample other = OpenFrame("Other", "--at 40,400,300,240");
-    ASSERT_TRUE(WindowsBecome(0, 2));
-    SetWindowPos(killed.window, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-    {
-        Drag drag(killed.window);
-        drag.To(200, 0);
-        ASSERT_TRUE(BecomesPlaced(killed.window, Docked));
-        killed.program->Kill();
-        EXPECT_TRUE(Eventually([&] { return !IsWindow(killed.window); }));
-    }
-    ExpectDocking(other.window);
-}
-
 TEST_F(DragEndTest, UnloadingGivesEverythingBack) {
-    Set("DragTrans", 1);
-    Set("DragTransPerCent", 50);
     const Sample frame = OpenFrame("Unloaded", "--count 2 --at 600,100,300,240");
     ASSERT_TRUE(WindowsBecome(0, 2));
     const HWND other = WindowOf(frame.program->Id(), "Unloaded 2");

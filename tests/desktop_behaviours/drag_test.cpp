@@ -12,10 +12,10 @@ RECT At(POINT corner) {
     return {corner.x, corner.y, corner.x + Width, corner.y + Height};
 }
 
+// How far the cursor is from where it took the window, and where the window's corner is then.
 struct Step {
-    const char* what;
-    POINT cursor;  // how far it is from where it took the window
-    POINT corner;  // the window's, then
+    POINT cursor;
+    POINT corner;
 };
 
 struct Road {
@@ -26,59 +26,41 @@ struct Road {
 };
 
 const Road Roads[] = {
+    // Over the border in part and for the larger part, clear of it, and back.
     {"side by side",
      SideBySide,
      {600, 100},
-     {{"short of the border", {100, 20}, {700, 120}},
-      {"partly over it", {200, 20}, {724, 120}},
-      {"on", {270, 20}, {724, 120}},
-      {"mostly over it", {300, 20}, {1024, 120}},
-      {"clear of it", {500, 20}, {1100, 120}},
-      {"back, mostly over", {290, 20}, {1024, 120}},
-      {"back, partly over", {210, 20}, {724, 120}},
-      {"back where it began", {0, 0}, {600, 100}}}},
+     {{{100, 20}, {700, 120}},
+      {{200, 20}, {724, 120}},
+      {{300, 20}, {1024, 120}},
+      {{500, 20}, {1100, 120}},
+      {{290, 20}, {1024, 120}},
+      {{210, 20}, {724, 120}},
+      {{0, 0}, {600, 100}}}},
     {"outer edges",
      SideBySide,
      {600, 100},
-     {{"left", {-650, 0}, {-50, 100}},
-      {"bottom", {0, 600}, {600, 700}},
-      {"bottom, over the border", {300, 600}, {1024, 700}},
-      {"top, and back", {10, -105}, {610, -5}}}},
+     {{{-650, 0}, {-50, 100}}, {{0, 600}, {600, 700}}, {{300, 600}, {1024, 700}}, {{10, -105}, {610, -5}}}},
     {"to the left of the primary display",
      LeftOfPrimary,
      {100, 100},
-     {{"partly over", {-200, 0}, {0, 100}},
-      {"mostly over", {-300, 0}, {-300, 100}},
-      {"clear", {-500, 30}, {-400, 130}},
-      {"the outer edge", {-1150, 30}, {-1050, 130}},
-      {"back, partly over", {-210, 0}, {0, 100}},
-      {"back where it began", {0, 0}, {100, 100}}}},
+     {{{-200, 0}, {0, 100}}, {{-300, 0}, {-300, 100}}, {{-1150, 30}, {-1050, 130}}, {{0, 0}, {100, 100}}}},
     {"above the primary display",
      AbovePrimary,
      {100, 100},
-     {{"partly over", {0, -200}, {100, 0}},
-      {"mostly over", {0, -300}, {100, -240}},
-      {"clear", {40, -500}, {140, -400}},
-      {"back where it began", {0, 0}, {100, 100}}}},
+     {{{0, -200}, {100, 0}}, {{0, -300}, {100, -240}}, {{40, -500}, {140, -400}}, {{0, 0}, {100, 100}}}},
     {"all along three",
      ThreeInARow,
      {-800, 100},
-     {{"at the first border", {640, 0}, {-300, 100}},
-      {"over the first", {700, 0}, {0, 100}},
-      {"at the second", {1600, 0}, {724, 100}},
-      {"over the second", {1720, 0}, {1024, 100}},
-      {"at the second again", {1620, 0}, {724, 100}},
-      {"back where it began", {0, 0}, {-800, 100}}}},
+     {{{640, 0}, {-300, 100}},
+      {{700, 0}, {0, 100}},
+      {{1600, 0}, {724, 100}},
+      {{1720, 0}, {1024, 100}},
+      {{0, 0}, {-800, 100}}}},
     // A bar at the bottom makes that edge an outer one, where a window may leave the desktop.
-    {"under taskbars",
-     UnderTaskbars,
-     {600, 100},
-     {{"partly over, below", {200, 500}, {724, 600}}, {"mostly over, below", {300, 500}, {1024, 600}}}},
+    {"under taskbars", UnderTaskbars, {600, 100}, {{{200, 500}, {724, 600}}, {{300, 500}, {1024, 600}}}},
     // The lower display's bottom lies inside the desktop's bounds.
-    {"uneven heights",
-     UnevenHeights,
-     {1200, 300},
-     {{"past the lower bottom", {0, 130}, {1200, 360}}, {"clear of it", {0, 40}, {1200, 340}}}},
+    {"uneven heights", UnevenHeights, {1200, 300}, {{{0, 130}, {1200, 360}}, {{0, 40}, {1200, 340}}}},
 };
 
 class DragTest : public BehaviourTest {
@@ -102,7 +84,7 @@ protected:
                 drag.SlowlyTo(step.cursor.x, step.cursor.y);
             else
                 drag.To(step.cursor.x, step.cursor.y);
-            EXPECT_TRUE(BecomesPlaced(frame.window, At(step.corner))) << step.what;
+            EXPECT_TRUE(BecomesPlaced(frame.window, At(step.corner))) << step.cursor.x << "," << step.cursor.y;
         }
         drag.Drop();
         EXPECT_TRUE(BecomesPlaced(frame.window, At(road.steps.back().corner))) << "dropped";

@@ -14,7 +14,6 @@ enum Message : UINT {
     ItemPlace,                 // wParam: id of an item of an open menu. The answer is its centre on the screen
     OpenDialog,                // wParam: an `Owner`; lParam: the place. The answer is the handle; it isn't shown yet
     Activate,                  // makes the window the active one of its thread, shown or not
-    OpenBox,                   // posted; wParam: an `Owner`. Opens a message box
     CountHides,                // how often the program's main windows were hidden
     DestroyAtMove,             // wParam: the WM_MOVING of its drag at which the window destroys itself
     HasOwnProcedure,           // whether the window's procedure is the one that the program gave it

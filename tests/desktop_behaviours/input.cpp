@@ -134,7 +134,6 @@ testing::AssertionResult BringToFront(HWND window) {
 testing::AssertionResult EntersLoop(HWND window, DWORD flag) {
     return LoopBecomes(window, flag, true);
 }
-
 testing::AssertionResult LeavesLoop(HWND window, DWORD flag) {
     return LoopBecomes(window, flag, false);
 }

@@ -14,7 +14,7 @@ HWND hiddenOwner = nullptr;
 int movesUntilDestroyed = 0;
 char* report = nullptr;
 
-constexpr char ProcedureProperty[] = "FrameProcedure";
+LONG_PTR ownProcedure = 0;
 
 // What windows of one kind have been through.
 struct Counts {
@@ -118,10 +118,6 @@ LRESULT OnMoving(HWND window) {
     return TRUE;
 }
 
-LRESULT OnHasOwnProcedure(HWND window) {
-    return GetWindowLongPtrA(window, GWLP_WNDPROC) == reinterpret_cast<LONG_PTR>(GetPropA(window, ProcedureProperty));
-}
-
 LRESULT OnMakeLayered(HWND window, BYTE alpha) {
     SetWindowLongA(window, GWL_EXSTYLE, GetWindowLongA(window, GWL_EXSTYLE) | WS_EX_LAYERED);
     return SetLayeredWindowAttributes(window, 0, alpha, LWA_ALPHA);
@@ -131,10 +127,6 @@ LRESULT OnDropLibrary() {
     const HMODULE library = GetModuleHandleA("tvlHalyd.dll");
     if (library) FreeLibrary(library);
     return library && !GetModuleHandleA("tvlHalyd.dll");
-}
-
-LRESULT OnLoadLayer() {
-    return LoadLibraryA("ExtensionLayer.dll") != nullptr;
 }
 
 std::string RectText(const RECT& rect) {
@@ -193,12 +185,11 @@ LRESULT CALLBACK MainProc(HWND window, UINT message, WPARAM wParam, LPARAM lPara
     case OpenDialog:
         return OnOpenDialog(OwnerOf(window, wParam),
                             {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))});
-    case OpenBox: return MessageBoxA(OwnerOf(window, wParam), "Is all well?", "Box", MB_OKCANCEL);
     case DestroyAtMove: return movesUntilDestroyed = static_cast<int>(wParam);
-    case HasOwnProcedure: return OnHasOwnProcedure(window);
+    case HasOwnProcedure: return GetWindowLongPtrA(window, GWLP_WNDPROC) == ownProcedure;
     case MakeLayered: return OnMakeLayered(window, static_cast<BYTE>(wParam));
     case DropLibrary: return OnDropLibrary();
-    case LoadLayer: return OnLoadLayer();
+    case LoadLayer: return LoadLibraryA("ExtensionLayer.dll") != nullptr;
     case ReportSizes: return OnReportSizes(window);
     case WM_MOVING: return OnMoving(window);
     case WM_DESTROY: return OnDestroy();
@@ -215,7 +206,7 @@ HWND Create(const char* windowClass, const std::string& title, const RECT& place
 void OpenMain(int number) {
     const std::string title = number == 1 ? options.title : options.title + " " + std::to_string(number);
     const HWND window = Create(options.windowClass.c_str(), title, options.place);
-    SetPropA(window, ProcedureProperty, reinterpret_cast<HANDLE>(GetWindowLongPtrA(window, GWLP_WNDPROC)));
+    ownProcedure = GetWindowLongPtrA(window, GWLP_WNDPROC);
     ShowWindow(window, SW_SHOW);
 }
 

@@ -1,6 +1,8 @@
 // Windows of foreign programs over all displays: the ways there and back, and displays that come and go meanwhile.
 #include "desktop_behaviours/behaviour_fixture.h"
 
+#include <optional>
+
 namespace halyard::test {
 
 namespace {
@@ -66,61 +68,26 @@ TEST_F(SpanningTest, EveryWayThereAndBack) {
     }
 }
 
-TEST_F(SpanningTest, WithTheControlKeyOnly) {
-    Set("CtrlMax", 1);
-    const Sample frame = Open("Control");
-    for (const Way& way : {Ways[1], Ways[2]}) {
-        SCOPED_TRACE(way.name);
-        ASSERT_TRUE(BringToFront(frame.window));
-        way.maximise(frame.window);
-        ASSERT_TRUE(BecomesPlaced(frame.window, OneDisplay));
-        way.restore(frame.window);
-        ASSERT_TRUE(BecomesPlaced(frame.window, Start));
-
-        ASSERT_TRUE(BringToFront(frame.window));
-        {
-            const HeldKey control("ctrl");
-            way.maximise(frame.window);
-            ASSERT_TRUE(BecomesPlaced(frame.window, BothDisplays));
-        }
-        way.restore(frame.window);
-        ASSERT_TRUE(BecomesPlaced(frame.window, Start));
+TEST_F(SpanningTest, WithTheControlKeyOnlyOrNever) {
+    for (const DWORD mode : {0u, 1u}) {
+        Set("CtrlMax", mode);
+        const Sample frame = Open("Control");
+        for (const Way& way : {Ways[1], Ways[2]})
+            for (const bool held : {false, true}) {
+                SCOPED_TRACE(testing::Message() << way.name << " in mode " << mode << (held ? " with Control" : ""));
+                ASSERT_TRUE(BringToFront(frame.window));
+                {
+                    std::optional<HeldKey> control;
+                    if (held) control.emplace("ctrl");
+                    way.maximise(frame.window);
+                    ASSERT_TRUE(BecomesPlaced(frame.window, held && mode == 1 ? BothDisplays : OneDisplay));
+                }
+                way.restore(frame.window);
+                ASSERT_TRUE(BecomesPlaced(frame.window, Start));
+            }
+        Close(frame);
+        QuitLoader();
     }
-}
-
-TEST_F(SpanningTest, TurnedOffLeavesTheSystemsOwn) {
-    const Sample frame = Open("Off");
-    const HeldKey control("ctrl");
-    for (const Way& way : {Ways[1], Ways[2], Ways[3]}) {
-        SCOPED_TRACE(way.name);
-        ASSERT_TRUE(BringToFront(frame.window));
-        way.maximise(frame.window);
-        ASSERT_TRUE(BecomesPlaced(frame.window, OneDisplay));
-        way.restore(frame.window);
-        ASSERT_TRUE(BecomesPlaced(frame.window, Start));
-    }
-}
-
-TEST_F(SpanningTest, FromMinimised) {
-    Set("CtrlMax", 2);
-    const Sample frame = Open("Minimised");
-    Ask(frame.window, sample::ShowAs, SW_MINIMIZE);
-    ASSERT_TRUE(IsIconic(frame.window));
-    Span(frame);
-    EXPECT_TRUE(BecomesPlaced(frame.window, BothDisplays));
-    EXPECT_FALSE(IsIconic(frame.window));
-    Restore(frame);
-    EXPECT_TRUE(BecomesPlaced(frame.window, Start));
-}
-
-TEST_F(SpanningTest, FillsTheWorkAreas) {
-    Set("CtrlMax", 2);
-    ASSERT_TRUE(Arrange(UnderTaskbars())) << Describe(PresentDisplays());
-    const Sample frame = Open("Over taskbars");
-    Span(frame);
-    EXPECT_TRUE(BecomesPlaced(frame.window, {-4, -4, 2052, 732}));
-    Restore(frame);
-    EXPECT_TRUE(BecomesPlaced(frame.window, Start));
 }
 
 TEST_F(SpanningTest, FollowsTheDisplays) {
@@ -128,7 +95,8 @@ TEST_F(SpanningTest, FollowsTheDisplays) {
         std::vector<Display> displays;
         RECT spanning;
     };
-    const Change changes[] = {{ThreeInARow(), {-1028, -4, 2052, 772}},
+    const Change changes[] = {{UnderTaskbars(), {-4, -4, 2052, 732}},
+                              {ThreeInARow(), {-1028, -4, 2052, 772}},
                               {AbovePrimary(), {-4, -772, 1028, 772}},
                               {{SideBySide()[0]}, {-4, -4, 1028, 772}},
                               {SideBySide(), BothDisplays}};
@@ -201,20 +169,6 @@ TEST_F(SpanningTest, InTheProgramThatKeepsTheStyleBitOut) {
     DoubleClick(CaptionOf(drawing.window));
     EXPECT_TRUE(BecomesPlaced(drawing.window, Start));
     EXPECT_FALSE(HasStyle(drawing.window, WS_MAXIMIZE));
-}
-
-TEST_F(SpanningTest, OfNotepad) {
-    Set("CtrlMax", 2);
-    StartLoader();
-    const Sample notepad = OpenNotepad();
-    ASSERT_TRUE(WindowsBecome(0, 1));
-    SetWindowPos(notepad.window, HWND_TOP, 200, 150, 400, 300, 0);
-    ASSERT_TRUE(BecomesPlaced(notepad.window, Start));
-    ASSERT_TRUE(BringToFront(notepad.window));
-    Click(MaximiseButtonOf(notepad.window));
-    ASSERT_TRUE(BecomesPlaced(notepad.window, BothDisplays));
-    DoubleClick(CaptionOf(notepad.window));
-    EXPECT_TRUE(BecomesPlaced(notepad.window, Start));
 }
 
 }  // namespace

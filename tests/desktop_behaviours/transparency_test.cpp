@@ -29,6 +29,7 @@ protected:
         Set("DragTransPerCent", 75);
     }
     Sample Open(const std::string& title) {
+        StartLoader();
         const Sample frame = OpenFrame(title, Place);
         EXPECT_TRUE(WindowsBecome(0, 1));
         return frame;
@@ -36,7 +37,6 @@ protected:
 };
 
 TEST_F(TransparencyTest, LastsFromTheFirstMoveToTheDrop) {
-    StartLoader();
     const Sample frame = Open("Plain");
     Drag drag(frame.window);
     EXPECT_EQ(OpacityOf(frame.window), Solid) << "taken, but not moved yet";
@@ -52,19 +52,7 @@ TEST_F(TransparencyTest, LastsFromTheFirstMoveToTheDrop) {
     EXPECT_TRUE(BecomesPlaced(frame.window, {900, 130, 1200, 370}));
 }
 
-TEST_F(TransparencyTest, GivesALayeredWindowItsOwnOpacityBack) {
-    StartLoader();
-    const Sample frame = Open("Layered");
-    Ask(frame.window, frame::MakeLayered, 100);
-    Drag drag(frame.window);
-    drag.To(50, 50);
-    EXPECT_TRUE(BecomesOpaque(frame.window, 191));
-    drag.Drop();
-    EXPECT_TRUE(BecomesOpaque(frame.window, 100));
-}
-
 TEST_F(TransparencyTest, EndsWithADragThatIsEscaped) {
-    StartLoader();
     const Sample frame = Open("Escaped");
     ASSERT_TRUE(BringToFront(frame.window));
     for (const int own : {Solid, 100}) {
@@ -75,35 +63,6 @@ TEST_F(TransparencyTest, EndsWithADragThatIsEscaped) {
         TapKey("Escape");
         EXPECT_TRUE(BecomesOpaque(frame.window, own));
         EXPECT_TRUE(BecomesPlaced(frame.window, {100, 100, 400, 340}));
-    }
-}
-
-TEST_F(TransparencyTest, IsNotForSizing) {
-    StartLoader();
-    const Sample frame = Open("Sized");
-    Drag drag(frame.window, LowerRightCornerOf(frame.window));
-    drag.To(50, 50);
-    ASSERT_TRUE(BecomesPlaced(frame.window, {100, 100, 450, 390}));
-    EXPECT_EQ(OpacityOf(frame.window), Solid);
-}
-
-TEST_F(TransparencyTest, FollowsThePercentage) {
-    struct Case {
-        DWORD perCent;
-        int opacity;
-    };
-    StartLoader();
-    const Sample frame = Open("Measured");
-    int grip = 0;
-    for (const auto& [perCent, opacity] : {Case{0, 0}, {1, 2}, {50, 127}, {100, 255}, {250, 255}}) {
-        Set("DragTransPerCent", perCent);
-        TellSettings(frame);
-        // Further along the caption each time: no double-click.
-        Drag drag(frame.window, {PlaceOf(frame.window).left + 40 + 30 * grip++, CaptionOf(frame.window).y});
-        drag.To(10, 10);
-        EXPECT_TRUE(BecomesOpaque(frame.window, opacity)) << perCent << " per cent";
-        drag.Drop();
-        EXPECT_TRUE(BecomesOpaque(frame.window, Solid)) << perCent << " per cent";
     }
 }
 

@@ -1,8 +1,6 @@
 // Programs that reopen their windows where they were, over several runs.
 #include "desktop_behaviours/behaviour_fixture.h"
 
-#include <array>
-
 #include <shlwapi.h>
 
 namespace halyard::test {
@@ -49,10 +47,9 @@ protected:
                     static_cast<DWORD>(record.size()));
     }
     // A record as a window with that place leaves it.
-    static Record RecordOf(const RECT& place, LONG showCommand = SW_SHOWNORMAL) {
+    static Record RecordOf(const RECT& place) {
         Record record(2);
-        for (const LONG number :
-             {44L, 0L, showCommand, -1L, -1L, -1L, -1L, place.left, place.top, place.right, place.bottom})
+        for (const LONG number : {44L, 0L, 1L, -1L, -1L, -1L, -1L, place.left, place.top, place.right, place.bottom})
             for (int shift = 0; shift < 32; shift += 8)
                 record.push_back(static_cast<BYTE>(number >> shift));
         return record;
@@ -82,71 +79,31 @@ TEST_F(WindowMemoryTest, OverThreeRuns) {
     EXPECT_TRUE(Eventually([&] { return (GetWindowLongA(run.window, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0; }));
 }
 
-TEST_F(WindowMemoryTest, IsTheUsersChoiceTwice) {
-    struct Case {
-        DWORD everywhere;
-        DWORD program;
+TEST_F(WindowMemoryTest, OfEachState) {
+    const struct {
+        void (*change)(HWND window);
+        RECT place;
+    } cases[] = {
+        {[](HWND window) { Ask(window, sample::ShowAs, SW_MAXIMIZE); }, {1020, -4, 2052, 772}},
+        {[](HWND window) { Ask(window, sample::ShowAs, SW_MINIMIZE); }, Kept},
+        {[](HWND window) { PostMessageA(window, WM_SYSCOMMAND, SC_MAXIMIZE, 0); }, BothDisplays},
     };
-    for (const auto& [everywhere, own] : {Case{0, 1}, {1, 0}, {0, 0}}) {
-        Set("WindowMem", everywhere);
-        WriteNumber(key, "WindowMem", own);
-        const Sample run = Reopen();
+    for (int number = 0; const auto& [change, place] : cases) {
+        SCOPED_TRACE(number);
+        Set("CtrlMax", number++ == 2 ? 2 : 0);
+        Sample run = Reopen();
+        TellSettings(run);
         MoveTo(run.window, Kept);
+        change(run.window);
+        ASSERT_TRUE(number != 3 || BecomesPlaced(run.window, BothDisplays));
         Close(run);
-        EXPECT_EQ(Stored().size(), 0u) << "in general " << everywhere << ", for the program " << own;
-    }
-}
-
-TEST_F(WindowMemoryTest, OfAMaximisedWindow) {
-    Sample run = Reopen();
-    MoveTo(run.window, Kept);
-    Ask(run.window, sample::ShowAs, SW_MAXIMIZE);
-    Close(run);
-    run = Reopen();
-    EXPECT_TRUE(BecomesPlaced(run.window, {1020, -4, 2052, 772}));
-    EXPECT_TRUE(IsZoomed(run.window));
-    Ask(run.window, sample::ShowAs, SW_RESTORE);
-    EXPECT_TRUE(BecomesPlaced(run.window, Kept));
-}
-
-TEST_F(WindowMemoryTest, OfAMinimisedWindowIsItsPlace) {
-    Sample run = Reopen();
-    MoveTo(run.window, Kept);
-    Ask(run.window, sample::ShowAs, SW_MINIMIZE);
-    ASSERT_TRUE(IsIconic(run.window));
-    Close(run);
-    run = Reopen();
-    EXPECT_TRUE(BecomesPlaced(run.window, Kept));
-    EXPECT_FALSE(IsIconic(run.window));
-}
-
-TEST_F(WindowMemoryTest, OfASpanningWindow) {
-    Set("CtrlMax", 2);
-    Sample run = Reopen();
-    TellSettings(run);
-    MoveTo(run.window, Kept);
-    PostMessageA(run.window, WM_SYSCOMMAND, SC_MAXIMIZE, 0);
-    ASSERT_TRUE(BecomesPlaced(run.window, BothDisplays));
-    Close(run);
-    run = Reopen();
-    EXPECT_TRUE(BecomesPlaced(run.window, BothDisplays));
-    PostMessageA(run.window, WM_SYSCOMMAND, SC_RESTORE, 0);
-    EXPECT_TRUE(BecomesPlaced(run.window, Kept));
-}
-
-TEST_F(WindowMemoryTest, ShiftsEachWindowThatFindsItsPlaceTaken) {
-    Store(RecordOf(Start));
-    const LONG step = GetSystemMetrics(SM_CYCAPTION) + GetSystemMetrics(SM_CYEDGE);
-    const Sample run = Reopen("--at 500,300,300,200 --count 3");
-    ASSERT_TRUE(WindowsBecome(0, 3));
-    const Sample other = Reopen("--at 500,300,300,200");
-    HWND windows[] = {run.window, WindowOf(run.program->Id(), "Remembered 2"),
-                      WindowOf(run.program->Id(), "Remembered 3"), other.window};
-    for (LONG shift = 0; HWND window : windows) {
-        RECT wanted = Start;
-        OffsetRect(&wanted, shift, shift);
-        EXPECT_TRUE(BecomesPlaced(window, wanted));
-        shift += step;
+        run = Reopen();
+        EXPECT_TRUE(BecomesPlaced(run.window, place));
+        EXPECT_FALSE(IsIconic(run.window));
+        EXPECT_TRUE(Eventually([&] { return (number != 2) == (IsZoomed(run.window) != FALSE); }));
+        PostMessageA(run.window, WM_SYSCOMMAND, SC_RESTORE, 0);
+        EXPECT_TRUE(BecomesPlaced(run.window, Kept));
+        Close(run);
     }
 }
 
@@ -165,39 +122,6 @@ TEST_F(WindowMemoryTest, ComesBackWithinReach) {
         EXPECT_TRUE(BecomesPlaced(run.window, wanted));
         Close(run);
     }
-}
-
-TEST_F(WindowMemoryTest, IgnoresDamagedRecords) {
-    const Record whole = RecordOf(Kept);
-    Record shorter = whole, longer = whole;
-    shorter.pop_back();
-    longer.push_back(0);
-    for (const Record& record : {shorter, longer, Record{1}, RecordOf({500, 500, 100, 100})}) {
-        Store(record);
-        const Sample run = Reopen();
-        ASSERT_TRUE(WindowsBecome(0, 1));
-        EXPECT_EQ(Ask(run.window, WM_NULL), 0);
-        EXPECT_TRUE(BecomesPlaced(run.window, Start)) << record.size() << " bytes";
-        Close(run);
-    }
-    Store(whole);
-    EXPECT_TRUE(BecomesPlaced(Reopen().window, Kept));
-}
-
-TEST_F(WindowMemoryTest, OfTheClockThatComesWithThePlatform) {
-    char system[MAX_PATH] = {};
-    GetSystemDirectoryA(system, sizeof(system));
-    const std::string clock = std::string(system) + "\\clock.exe";
-    Sample run = OpenProgram(clock, {}, "Clock");
-    ASSERT_TRUE(WindowsBecome(0, 1));
-    // The first item of the extension.
-    ASSERT_TRUE(OpenSystemMenu(run.window));
-    TapKey("Up Right Return");
-    ASSERT_TRUE(LeavesLoop(run.window, GUI_INMENUMODE));
-    MoveTo(run.window, Kept);
-    Close(run);
-    run = OpenProgram(clock, {}, "Clock");
-    EXPECT_TRUE(BecomesPlaced(run.window, Kept));
 }
 
 TEST_F(WindowMemoryTest, BringsTheDesktopWithTheWindow) {
@@ -237,20 +161,6 @@ TEST_F(WindowMemoryTest, OfAWindowOnAllDesktops) {
         EXPECT_TRUE(StaysVisible(run.window)) << "on desktop " << desktop;
     }
     EXPECT_EQ(Ask(run.window, frame::CountHides), 0);
-}
-
-TEST_F(WindowMemoryTest, OfARemovedDesktopIsTheCurrentOne) {
-    Store(RecordOf(Kept));
-    for (const DWORD gone : {7u, 0x50000000u}) {
-        WriteNumber(key, "Desktop", gone);
-        Switch(1);
-        const Sample run = Reopen();
-        EXPECT_TRUE(BecomesPlaced(run.window, Kept));
-        EXPECT_TRUE(WindowsBecome(1, 1));
-        EXPECT_TRUE(StaysVisible(run.window));
-        EXPECT_EQ(Status("current desktop"), "1");
-        Close(run);
-    }
 }
 
 }  // namespace

@@ -55,24 +55,6 @@ TEST_F(LoadTest, UnloadingEndsOnlyTheServersOwnWindow) {
     EXPECT_FALSE(IsWindow(server.get()));
 }
 
-TEST_F(LoadTest, TheServerWindowIsHiddenAndTheProgramsOwn) {
-    CreateServerWindow();
-    HWND window = GetServerHwnd();
-    char name[64] = {};
-    GetClassNameA(window, name, sizeof(name));
-    EXPECT_STREQ("TevralHalyardServerWndClass", name);
-    EXPECT_FALSE(IsWindowVisible(window));
-    EXPECT_EQ(reinterpret_cast<LONG_PTR>(GetModuleHandleA(nullptr)), GetWindowLongPtrA(window, GWLP_HINSTANCE));
-    EXPECT_EQ(nullptr, GetParent(window));
-    EXPECT_TRUE(KillTimer(window, PurgeTimer)) << "the timer runs";
-    CreateServerWindow();
-    EXPECT_EQ(window, GetServerHwnd()) << "there is one already";
-    DestroyServerWindow();
-    WNDCLASSEXA own = {};
-    own.cbSize = sizeof(own);
-    EXPECT_FALSE(GetClassInfoExA(GetModuleHandleA(nullptr), ServerWindowClass, &own));
-}
-
 class StatesTest : public ServerTest {
 protected:
     // Whether the window stands, the hooks are in, and what `Run` says in the registry ("-" for nothing).
@@ -80,7 +62,8 @@ protected:
         const bool hooks = CallWndProcRetHook() && GetMessageHook();
         EXPECT_EQ(hooks, HooksInstalled());
         EXPECT_EQ(hooks, CallWndProcRetHook() || GetMessageHook());
-        EXPECT_EQ(ServerWindow() != nullptr, IsWindow(ServerWindow()) != FALSE);
+        EXPECT_EQ(ServerWindow(), FindWindowA("TevralHalyardServerWndClass", nullptr));
+        EXPECT_FALSE(IsWindowVisible(ServerWindow()));
         const auto run = StoredDword(HKEY_CURRENT_USER, ProductPath(), "Run");
         return std::string(ServerWindow() ? "window " : "") + (hooks ? "hooks " : "") +
                (run ? std::to_string(*run) : "-");
@@ -122,23 +105,6 @@ TEST_F(StatesTest, FollowFromEachOther) {
     }
 }
 
-TEST_F(StatesTest, EveryWindowReportsWhileTheHooksAreIn) {
-    ServerInit();
-    Enable();
-    const TestWindow later;
-    const TestWindow bare(WindowForm{.style = WS_POPUP});
-    HWND gone = TestWindow().get();
-    EXPECT_TRUE(PumpUntil([&] { return windowDesktopMap.Find(later.get()) && windowDesktopMap.Find(gone); }));
-    EXPECT_EQ(AllDesktopsId, windowDesktopMap.Find(later.get())->desktopId) << "a window of the server's process";
-    EXPECT_EQ(nullptr, windowDesktopMap.Find(bare.get()));
-    // Its end was not reported; the purge finds it.
-    Send(WM_TIMER, 2);
-    EXPECT_NE(nullptr, windowDesktopMap.Find(gone)) << "another timer";
-    Send(WM_TIMER, PurgeTimer);
-    EXPECT_EQ(nullptr, windowDesktopMap.Find(gone));
-    EXPECT_NE(nullptr, windowDesktopMap.Find(later.get()));
-}
-
 TEST_F(StatesTest, AKilledServerIsRecoveredFrom) {
     const TestWindow reused(WindowForm{.style = WS_POPUP});
     SetServerWindow(reused.get());
@@ -161,27 +127,6 @@ TEST_F(StatesTest, AKilledServerIsRecoveredFrom) {
     EXPECT_EQ(first.get(), GetServerHwnd()) << "a second server makes no window";
     EXPECT_EQ(2u, CurrentDesktopId());
     SetServerWindow(nullptr);
-}
-
-TEST_F(ServerTest, TheWizardIsNotForAUserWhoMayNotChangeTheMachinesSettings) {
-    char wizard[MAX_PATH];
-    char program[MAX_PATH];
-    GetModuleFileNameA(nullptr, wizard, sizeof(wizard));
-    lstrcpyA(strrchr(wizard, '\\') + 1, "tvlhlwiz.exe");
-    GetSystemDirectoryA(program, sizeof(program));
-    ASSERT_TRUE(CopyFileA(lstrcatA(program, "\\hostname.exe"), wizard, FALSE)) << GetLastError();
-    UseMachineHive();
-    settings.Load();
-    {
-        const AsOrdinaryUser lesser;
-        ServerInit();
-        ServerUninit();
-    }
-    EXPECT_FALSE(settings.RunWizard());
-    ServerInit();
-    EXPECT_TRUE(settings.RunWizard());
-    // The platform refuses it while the program runs.
-    EXPECT_TRUE(PumpUntil([&] { return DeleteFileA(wizard) != FALSE; }));
 }
 
 }  // namespace

@@ -31,41 +31,17 @@ protected:
     }
 };
 
-TEST_F(ServerMessagesTest, KeepTheMapOfWindows) {
-    const TestWindow window(WindowForm{.style = WS_OVERLAPPEDWINDOW | WS_VISIBLE});
-    const struct {
-        LPARAM reported;
-        DesktopId recorded;
-    } cases[] = {{1, 1}, {-2, AllDesktopsId}, {7, 0}, {-1, 0}, {0x40000001, 0}, {2, 2}};
-    for (const auto& test : cases) {
-        for (const UINT message : {HM_WINDOW_RETURNS, HM_WINDOW_ATTACH}) {
-            EXPECT_EQ(0, Send(message, AsParameter(window.get()), test.reported));
-            ASSERT_NE(nullptr, windowDesktopMap.Find(window.get()));
-            EXPECT_EQ(test.recorded, windowDesktopMap.Find(window.get())->desktopId) << test.reported;
-        }
-    }
-    EXPECT_EQ(1, Send(HM_COUNT_WINDOWS, 0, 2));
-    EXPECT_TRUE(Becomes(false, window.get()));
-    Send(HM_WINDOW_DETACH, AsParameter(window.get()), 1);
-    EXPECT_TRUE(Becomes(true, window.get()));
-    EXPECT_EQ(0, Send(HM_COUNT_WINDOWS, 0, 2));
-}
-
-TEST_F(ServerMessagesTest, SwitchTheDesktop) {
+TEST_F(ServerMessagesTest, PurgeTheMapAndEndTheSession) {
+    HWND dead = TestWindow().get();
+    Send(HM_WINDOW_RETURNS, AsParameter(dead), -1);
+    EXPECT_EQ(1, Send(HM_COUNT_WINDOWS, 0, DefaultDesktopId)) << "of no desktop that there is";
+    Send(WM_TIMER, 2);
+    EXPECT_EQ(1, Send(HM_COUNT_WINDOWS, 0, DefaultDesktopId)) << "another timer";
+    Send(WM_TIMER, PurgeTimer);
+    EXPECT_EQ(0, Send(HM_COUNT_WINDOWS, 0, DefaultDesktopId));
     Send(HM_SWITCH_DESKTOP, 0, 2);
-    EXPECT_EQ(2u, CurrentDesktopId());
-    Send(HM_SWITCH_DESKTOP, 5, 9);
-    EXPECT_EQ(2u, CurrentDesktopId());
     Send(WM_ENDSESSION, FALSE, 0);
     EXPECT_EQ(0u, CurrentDesktopId());
-    for (const DesktopId expected : {1u, 2u, 3u, 0u, 1u}) {
-        ActivateNext();
-        EXPECT_EQ(expected, CurrentDesktopId());
-    }
-    for (const DesktopId expected : {0u, 3u}) {
-        ActivatePrevious();
-        EXPECT_EQ(expected, CurrentDesktopId());
-    }
     SetCurrentDesktopId(8);
     ActivateNext();
     EXPECT_EQ(8u, CurrentDesktopId()) << "from one that is not in the list";
@@ -89,51 +65,6 @@ TEST_F(ServerMessagesTest, ThatComeInTheMiddleOfASwitchAreCarriedOutAfterIt) {
     EXPECT_EQ(0x101010u, desktopList.Find(1)->colour) << "it was left with the colour that it had just been given";
 }
 
-TEST_F(ServerMessagesTest, OfHotkeysRunTheirActionOnTheThreadOfTheWindow) {
-    constexpr unsigned ToSecond = DesktopActionBit | 2;
-    const auto atom = [] {
-        Hotkey hotkey;
-        for (unsigned index = 0; HotkeyByIndex(index, hotkey); ++index)
-            if (hotkey.action == ToSecond) return hotkey.atom;
-        return ATOM(0);
-    };
-    LoadHotkeys();
-    HotkeyModifiers binding;
-    binding.ctrl = binding.alt = true;
-    binding.key = VK_F9;
-    SetHotkeyBinding(ToSecond, binding);
-    SaveHotkeys();
-    Enable();
-    ASSERT_NE(0, atom());
-    Send(WM_HOTKEY, atom());
-    EXPECT_EQ(0u, CurrentDesktopId()) << "the desktops are off";
-    settings.StoreMultiDesk(true);
-    Send(WM_HOTKEY, atom() ^ 1);
-    EXPECT_EQ(0u, CurrentDesktopId()) << "nobody's";
-    Send(WM_HOTKEY, atom());
-    EXPECT_EQ(2u, CurrentDesktopId());
-    EXPECT_TRUE(RunBeside([] { UnregisterHotkeys(); }));
-    EXPECT_EQ(0, atom());
-    EXPECT_TRUE(RunBeside([] { RegisterHotkeys(); }));
-    EXPECT_NE(0, atom());
-}
-
-TEST_F(ServerMessagesTest, OfTheCursorsTimerEndWithTheRings) {
-    for (int tick = 1; tick <= 6; ++tick) {
-        SetTimer(ServerWindow(), FindCursorTimer, 60000, nullptr);
-        Send(WM_TIMER, FindCursorTimer);
-        EXPECT_EQ(tick < 6, KillTimer(ServerWindow(), FindCursorTimer) != FALSE) << "tick " << tick;
-    }
-}
-
-TEST_F(ServerMessagesTest, OpenTheSheetThatEndsWithTheServer) {
-    Send(HM_OPEN_CONFIG);
-    HWND sheet = nullptr;
-    ASSERT_TRUE(PumpUntil([&] { return (sheet = FindWindowA("#32770", "Tevral Ombrel Windows Manager")) != nullptr; }));
-    ServerUninit();
-    EXPECT_TRUE(PumpUntil([&] { return !IsWindow(sheet); }));
-}
-
 TEST_F(ServerMessagesTest, ThatAreForgedDoNoHarm) {
     for (const HWND window : {HWND(nullptr), HandleFromBits<HWND>(0x7FFFFFF0), GetDesktopWindow()}) {
         for (const UINT message : {HM_WINDOW_ATTACH, HM_WINDOW_ATTACH, HM_WINDOW_RETURNS, HM_WINDOW_DETACH,
@@ -153,25 +84,26 @@ TEST_F(ServerMessagesTest, ThatAreForgedDoNoHarm) {
 TEST_F(ServerMessagesTest, CarryTheWorkOfOtherThreadsOver) {
     const DWORD server = GetCurrentThreadId();
     DWORD ranOn = 0;
-    RunOnServerThread([&] { ranOn = GetCurrentThreadId(); });
-    EXPECT_EQ(server, ranOn) << "from the thread itself";
+    const auto bound = [] {
+        Hotkey hotkey;
+        return HotkeyByIndex(0, hotkey) && hotkey.atom;
+    };
+    const BYTE controlAltF9[] = {1, 1, 0, 0, VK_F9, 0, 0, 0};
+    Store(HKEY_CURRENT_USER, ProductPath("HotKeys"), "1", REG_BINARY, Bytes(controlAltF9, controlAltF9 + 8));
     EXPECT_TRUE(RunBeside([&] {
-        int runs = 0;
-        RunOnServerThread([&] {
-            ranOn = GetCurrentThreadId();
-            ++runs;
-        });
-        EXPECT_EQ(1, runs) << "it is waited for";
+        RunOnServerThread([&] { ranOn = GetCurrentThreadId(); });
+        EXPECT_EQ(server, ranOn) << "it is waited for";
         Enable();
+        EXPECT_TRUE(bound()) << "the platform takes hotkeys on the thread of their window only";
         EXPECT_EQ(1, SetActiveDesktop(2));
-        EXPECT_EQ(2u, CurrentDesktopId());
         ActivateNext();
         EXPECT_EQ(3u, CurrentDesktopId());
         RemoveDesktop(3);
         EXPECT_EQ(0u, CurrentDesktopId());
+        UnregisterHotkeys();
+        EXPECT_FALSE(bound());
         Disable();
     }));
-    EXPECT_EQ(server, ranOn);
     EXPECT_FALSE(HooksInstalled());
 }
 

@@ -170,19 +170,6 @@ TEST_F(SettingsTest, ComeBackAsTheyWereSaved) {
     }
 }
 
-TEST_F(SettingsTest, StoreTheSwitchesOfTheirOwnAtOnce) {
-    MakeKey(HKEY_CURRENT_USER, ProductPath());
-    for (const bool on : {true, false}) {
-        settings.SetRun(on);
-        settings.SetRunWizard(on);
-        settings.StoreMultiDesk(on);
-        settings.SaveMultiDesk(nullptr);
-        for (const char* name : {"Run", "RunWizard", "MultiDesk"})
-            EXPECT_EQ(on ? 1u : 0u, StoredDword(HKEY_CURRENT_USER, ProductPath(), name)) << name;
-    }
-    EXPECT_EQ((Names{"MultiDesk", "Run", "RunWizard"}), ValueNames(HKEY_CURRENT_USER, ProductPath()));
-}
-
 TEST_F(SettingsTest, ChangeInMemoryOnlyWhereTheMachinesKeyCannotBeWritten) {
     UseMachineHive();
     StoreDword(HKEY_LOCAL_MACHINE, ProductPath(), "CtrlMax", 2);
