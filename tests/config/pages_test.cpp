@@ -107,7 +107,7 @@ TEST_F(PagesTest, TurnGreyWhileTheHooksAreOut) {
     EXPECT_TRUE(Becomes(IDC_ADD_DESKTOP, false));
     Loader("--enable");
     EXPECT_TRUE(Becomes(IDC_ADD_DESKTOP, true));
-    TapVirtualKey(VK_ESCAPE);
+    TapKey("Escape");
     EXPECT_TRUE(Eventually([&] { return !SheetWindow(); })) << "keys go to a control that was turned grey";
 }
 
@@ -198,7 +198,7 @@ TEST_F(PagesTest, OneSheetHoweverOftenItIsAskedFor) {
         return HWND(nullptr);
     };
     EXPECT_TRUE(Eventually([&] { return tip() != nullptr; })) << "no help popup";
-    TapVirtualKey(VK_SPACE);
+    TapKey("space");
     EXPECT_TRUE(Eventually([&] { return tip() == nullptr; })) << "the help popup stays";
     // The server's end closes what is open.
     EXPECT_EQ(Loader("--quit").status, 0u);
