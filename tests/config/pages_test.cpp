@@ -41,11 +41,12 @@ TEST_F(PagesTest, WindowsChoicesReachStoreProgramsAndTheNextSheet) {
     ASSERT_TRUE(Becomes(IDC_DIALOGS_WHERE, true));
     Focus(IDC_DIALOGS_WHERE);
     TapKey("End");  // the last display
+    EXPECT_TRUE(Eventually(
+        [&] { return Ask(Control(IDC_DIALOGS_WHERE), CB_GETCURSEL) == 2 + GetSystemMetrics(SM_CMONITORS); }));
     ASSERT_TRUE(Becomes(IDC_OPACITY, true));
     Focus(IDC_OPACITY);
-    TapKey("Home");
-    TapKey("Right");
-    EXPECT_TRUE(Eventually([&] { return CanApply(); }));
+    TapKey("Home Right");
+    EXPECT_TRUE(Eventually([&] { return CanApply() && Ask(Control(IDC_OPACITY), TBM_GETPOS) == 1; }));
     EXPECT_EQ(Stored("CtrlMax"), 0u) << "nothing is written before Apply";
     PressApply();
 
