@@ -90,37 +90,6 @@ TEST_F(DragLoopTest, FollowsTheCursorWhateverThePlatformProposes) {
     EXPECT_EQ((RECT{50, 60, 350, 260}), proposed);
 }
 
-TEST_F(DragLoopTest, GoesByTheSettings) {
-    struct Case {
-        bool autodock;
-        std::optional<bool> ofProgram;
-        bool transparency;
-        bool watched;
-        bool docks;
-    };
-    constexpr Case Cases[] = {
-        {true, std::nullopt, false, true, true},  {false, std::nullopt, false, false, false},
-        {false, true, false, true, true},         {true, false, false, false, false},
-        {false, std::nullopt, true, true, false}, {true, false, true, true, false},
-    };
-    for (const Case& test : Cases) {
-        settings = Settings();
-        settings.SetAutodock(test.autodock);
-        settings.SetDragTrans(test.transparency);
-        if (test.ofProgram) settings.SetAppAutodock(*test.ofProgram);
-        KnownWindow window(Form());
-        const WNDPROC own = window.Procedure();
-        Enter(window);
-        const testing::Message what = testing::Message() << test.autodock << test.transparency << test.watched;
-        EXPECT_EQ(test.watched, own != window.Procedure()) << what;
-        RECT rect = Shifted(place, 700, 0);
-        Send(window, 700, rect);
-        EXPECT_EQ(test.docks ? 724 : 800, rect.left) << what;
-        Exit(window);
-        EXPECT_EQ(own, window.Procedure()) << what;
-    }
-}
-
 TEST_F(DragLoopTest, GivesTheProcedureBackHoweverTheLoopEnds) {
     using Messages = std::vector<UINT>;
     struct Case {
@@ -166,15 +135,6 @@ TEST_F(DragLoopTest, GivesTheProcedureBackHoweverTheLoopEnds) {
             KnownWindow next(Form());
             ExpectDocks(next);
         }
-}
-
-TEST_F(DragLoopTest, PassesTextsOfTheWideInterfaceOn) {
-    KnownWindow wide(Form(true));
-    Enter(wide);
-    SetWindowTextW(wide.get(), L"\x0416\x4E2D\x00E4");
-    wchar_t text[20] = {};
-    GetWindowTextW(wide.get(), text, 20);
-    EXPECT_STREQ(L"\x0416\x4E2D\x00E4", text);
 }
 
 TEST_F(DragLoopTest, WatchesOneLoopAtATime) {

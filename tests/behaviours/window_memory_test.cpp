@@ -68,26 +68,6 @@ TEST_F(WindowMemoryTest, WritesTheRecordAndTheDesktop) {
     EXPECT_EQ(Names{}, ValueNames(HKEY_CURRENT_USER, AppPath())) << "a window that has gone has no place to store";
 }
 
-TEST_F(WindowMemoryTest, LeavesWindowsThatDoNotQualifyAlone) {
-    for (const auto& [style, exStyle] :
-         {std::pair(DWORD{WS_POPUP | WS_THICKFRAME | WS_MINIMIZEBOX | WS_MAXIMIZEBOX}, DWORD(0)),
-          {WS_OVERLAPPEDWINDOW & ~DWORD{WS_MINIMIZEBOX}, 0},
-          {WS_OVERLAPPEDWINDOW, WS_EX_TOOLWINDOW}}) {
-        DeleteTree(HKEY_CURRENT_USER, AppPath());
-        KnownWindow window(WindowForm{.className = MemoryClass, .style = style, .exStyle = exStyle, .place = fresh});
-        SaveWindowMemory(window.tracked);
-        EXPECT_FALSE(KeyExists(HKEY_CURRENT_USER, AppPath()));
-        StoreRecord(old);
-        RestoreWindowMemory(window.tracked);
-        EXPECT_EQ(fresh, window.Place());
-        EXPECT_EQ(std::vector<ToServer>(), TakeMessages());
-    }
-    DeleteTree(HKEY_CURRENT_USER, AppPath());
-    KnownWindow window(Form(fresh));
-    RestoreWindowMemory(window.tracked);
-    EXPECT_EQ(std::vector<ToServer>(), TakeMessages()) << "a program without a key";
-}
-
 TEST_F(WindowMemoryTest, SetsWindowsOfAClassBesideEachOther) {
     StoreRecord(fresh);
     const int step = CascadeStep();

@@ -43,6 +43,30 @@ TEST_F(ProtocolTest, RestartReadsTheRegistryAgain) {
     }
 }
 
+TEST_F(ProtocolTest, AProgramKeepsItsSettingsUntilABroadcastFindsAWindowOfIt) {
+    StartLoader();
+    const Sample witness = OpenSample("Witness");
+    const Sample windowless = OpenSample("Windowless");
+    ASSERT_TRUE(WindowsBecome(0, 2));
+    const auto tell = [] { PostMessageA(HWND_BROADCAST, RegisterWindowMessageA(published::SettingBroadcast), 1, 0); };
+    const auto maximisesTo = [](HWND window, LONG width) {
+        for (const WPARAM command : {SC_RESTORE, SC_MAXIMIZE})
+            PostMessageA(window, WM_SYSCOMMAND, command, 0);
+        RECT place = {};
+        return Eventually([&] { return GetWindowRect(window, &place) && place.right - place.left == width; });
+    };
+    // The platform's own window for the input of text is in a broadcast as well.
+    for (HWND window : {windowless.window, WindowOf(windowless.program->Id(), "Default IME")})
+        SetParent(window, HWND_MESSAGE);
+    WriteNumber(published::ProductKey, "CtrlMax", 2);
+    tell();
+    EXPECT_TRUE(maximisesTo(witness.window, 2048 + 8)) << Describe(witness.window);
+    SetParent(windowless.window, nullptr);
+    EXPECT_TRUE(maximisesTo(windowless.window, 1024 + 8)) << Describe(windowless.window);
+    tell();
+    EXPECT_TRUE(maximisesTo(windowless.window, 2048 + 8)) << Describe(windowless.window);
+}
+
 constexpr char LibraryFile[] = "tvlHalyd.dll";
 
 // The library mapped into the test itself, as any program may map it.

@@ -34,11 +34,11 @@ protected:
 TEST_F(ServerMessagesTest, PurgeTheMapAndEndTheSession) {
     HWND dead = TestWindow().get();
     Send(HM_WINDOW_RETURNS, AsParameter(dead), -1);
-    EXPECT_EQ(1, Send(HM_COUNT_WINDOWS, 0, DefaultDesktopId)) << "of no desktop that there is";
     Send(WM_TIMER, 2);
-    EXPECT_EQ(1, Send(HM_COUNT_WINDOWS, 0, DefaultDesktopId)) << "another timer";
+    ASSERT_NE(nullptr, windowDesktopMap.Find(dead)) << "another timer";
+    EXPECT_EQ(DefaultDesktopId, windowDesktopMap.Find(dead)->desktopId) << "of no desktop that there is";
     Send(WM_TIMER, PurgeTimer);
-    EXPECT_EQ(0, Send(HM_COUNT_WINDOWS, 0, DefaultDesktopId));
+    EXPECT_EQ(nullptr, windowDesktopMap.Find(dead));
     Send(HM_SWITCH_DESKTOP, 0, 2);
     Send(WM_ENDSESSION, FALSE, 0);
     EXPECT_EQ(0u, CurrentDesktopId());
