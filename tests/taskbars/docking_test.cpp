@@ -100,7 +100,15 @@ TEST_F(DockingTest, ADragTakesABarToEachEdgeAndBack) {
     EXPECT_EQ(Stored("TaskbarEdge_2"), 3U);
 }
 
-TEST_F(DockingTest, RowsAndWidthsAreSizedWithTheMouse) {
+// Takes the bar's inner side to that place.
+void SizeTo(HWND bar, POINT grip, POINT to) {
+    Drag drag(bar, grip);
+    ASSERT_TRUE(drag.Began());
+    drag.To(to.x - grip.x, to.y - grip.y);
+    drag.Drop();
+}
+
+TEST_F(DockingTest, RowsAreSizedWithTheMouse) {
     StartAll();
     ASSERT_TRUE(BarBecomes(2, AtBottom));
     const struct {
@@ -108,11 +116,22 @@ TEST_F(DockingTest, RowsAndWidthsAreSizedWithTheMouse) {
         RECT place;
     } sizes[] = {{688, {1024, 690, 2048, 770}}, {300, {1024, 390, 2048, 770}}, {741, AtBottom}};
     for (const auto& size : sizes) {
-        Drag drag(BarOn(2), {1500, PlaceOf(BarOn(2)).top + 1});
-        ASSERT_TRUE(drag.Began());
-        drag.To(0, size.to - PlaceOf(BarOn(2)).top - 1);
-        drag.Drop();
+        SizeTo(BarOn(2), {1500, PlaceOf(BarOn(2)).top + 1}, {1500, size.to});
         EXPECT_TRUE(BarBecomes(2, size.place)) << size.to;
+    }
+}
+
+TEST_F(DockingTest, WidthsAreSizedWithTheMouse) {
+    Set("TaskbarEdge_2", 2);
+    StartAll();
+    ASSERT_TRUE(BarBecomes(2, AtRight));
+    const struct {
+        LONG to;
+        LONG left;
+    } sizes[] = {{1801, 1800}, {1201, 1536}, {2030, 2014}, {2045, 2046}};
+    for (const auto& size : sizes) {
+        SizeTo(BarOn(2), {PlaceOf(BarOn(2)).left + 1, 400}, {size.to, 400});
+        EXPECT_TRUE(BarBecomes(2, {size.left, 0, 2048, 768})) << size.to;
     }
 }
 
@@ -131,7 +150,21 @@ TEST_F(DockingTest, AnAutohideBarFollowsTheCursor) {
     EXPECT_TRUE(BarBecomes(2, AtBottom));
     TapKey("Escape");
     EXPECT_TRUE(BarBecomes(2, Hidden));
-    // So does being active, until another window is.
+    // It goes at once when another window becomes active.
+    const Sample sample = OpenAt("Other", {100, 100});
+    MoveMouse({1500, 767});
+    EXPECT_TRUE(BarBecomes(2, AtBottom));
+    ASSERT_TRUE(BringToFront(BarOn(2)));
+    MoveMouse(Elsewhere);
+    ASSERT_TRUE(BringToFront(sample.window));
+    EXPECT_TRUE(BarBecomes(2, Hidden));
+    // Its display may go and come back meanwhile.
+    EXPECT_TRUE(Arrange({SideBySide()[0]}));
+    AnnounceDisplays();
+    EXPECT_TRUE(Eventually([] { return !FindWindowA("TevralHalyardTaskbar", nullptr); }));
+    EXPECT_TRUE(Arrange(SideBySide()));
+    AnnounceDisplays();
+    EXPECT_TRUE(BarBecomes(2, Hidden));
     MoveMouse({1500, 767});
     EXPECT_TRUE(BarBecomes(2, AtBottom));
     Choose(2, AutohideItem);
@@ -175,17 +208,10 @@ TEST_F(ThemedTest, TheThemeDrawsTheBarAndItsSizingStrip) {
         return ColourAt({1900, 735}) == Strip && ColourAt({1900, 755}) == Bar;
     })) << std::hex
         << ColourAt({1900, 735}) << ' ' << ColourAt({1900, 755});
-    const struct {
-        LONG to;
-        RECT place;
-    } sizes[] = {{700, {1024, 704, 2048, 768}}, {766, {1024, 766, 2048, 768}}};
-    for (const auto& size : sizes) {
-        Drag drag(BarOn(2), {1500, PlaceOf(BarOn(2)).top + 1});
-        ASSERT_TRUE(drag.Began());
-        drag.To(0, size.to - PlaceOf(BarOn(2)).top - 1);
-        drag.Drop();
-        EXPECT_TRUE(BarBecomes(2, size.place)) << size.to;
-    }
+    SizeTo(BarOn(2), {1500, 735}, {1500, 700});
+    EXPECT_TRUE(BarBecomes(2, {1024, 704, 2048, 768}));
+    SizeTo(BarOn(2), {1500, 705}, {1500, 766});
+    EXPECT_TRUE(BarBecomes(2, {1024, 766, 2048, 768}));
     PostMessageA(BarOn(2), WM_COMMAND, 40003, 0);
     EXPECT_TRUE(Eventually([] { return Stored("TaskbarLocked_2") == 1; }));
     QuitLoader();
