@@ -138,8 +138,11 @@ TEST_F(CallWndProcRetTest, PaintsASpanningFrameOnceMoreAsMaximised) {
             if (message != WM_NCPAINT) return std::nullopt;
             paints.push_back({window.Style(), {}});
             GetRgnBox(reinterpret_cast<HRGN>(region), &paints.back().box);
-            // The program's own painting goes through the hook once more.
+            // The program's own painting goes through the hook once more, and it may drop the bit by then.
+            const auto shown = static_cast<LONG>(window.Style());
+            if (paints.size() == 1) SetWindowLongA(window.get(), GWL_STYLE, shown & ~WS_MAXIMIZE);
             if (paints.size() < 5) Observe(window.get(), WM_NCPAINT, region);
+            SetWindowLongA(window.get(), GWL_STYLE, shown);
             return 0;
         };
         Observe(window.get(), WM_NCPAINT, 1);
