@@ -72,6 +72,7 @@ TEST_F(PatchesTest, TheModellersNumbersBecomeTheWholeDesktops) {
     constexpr Case Cases[] = {{"modeler.exe", "", "2048x768"},
                               {"lightwav.exe", "", "2048x768"},
                               {"modeler.exe", "777", "777x768"},
+                              {"modeler.exe", "none", "1024x768"},
                               {"other.exe", "", "1024x768"}};
     for (const auto& [program, width, believed] : Cases) {
         const Sample before = OpenModeler(program, width);

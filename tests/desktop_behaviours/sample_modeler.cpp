@@ -17,7 +17,13 @@ bool HoldsNumbers() {
     return start <= WidthAddress && HeightAddress + sizeof(int) <= start + sizeof(memory);
 }
 
+void Protect(DWORD protection) {
+    DWORD old = 0;
+    VirtualProtect(reinterpret_cast<void*>(WidthAddress), 2 * sizeof(int), protection, &old);
+}
+
 LRESULT CALLBACK MainProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == AskWidth || message == AskHeight) Protect(PAGE_READWRITE);
     switch (message) {
     case AskWidth: return NumberAt(WidthAddress);
     case AskHeight: return NumberAt(HeightAddress);
@@ -30,12 +36,14 @@ LRESULT CALLBACK MainProc(HWND window, UINT message, WPARAM wParam, LPARAM lPara
 
 }  // namespace modeler
 
-// An argument: the width that it believes in, else the first display's.
+// An argument: the width that it believes in, else the first display's; "none" for that one out of everybody's reach.
 int main(int count, char** arguments) {
     using namespace modeler;
     if (!HoldsNumbers()) return 1;
-    NumberAt(WidthAddress) = count > 1 ? std::atoi(arguments[1]) : GetSystemMetrics(SM_CXSCREEN);
+    const int width = count > 1 ? std::atoi(arguments[1]) : 0;
+    NumberAt(WidthAddress) = width ? width : GetSystemMetrics(SM_CXSCREEN);
     NumberAt(HeightAddress) = GetSystemMetrics(SM_CYSCREEN);
+    if (count > 1 && !width) Protect(PAGE_NOACCESS);
     WNDCLASSA windowClass = {};
     windowClass.lpfnWndProc = MainProc;
     windowClass.hInstance = GetModuleHandleA(nullptr);
