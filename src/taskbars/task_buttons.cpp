@@ -79,10 +79,12 @@ void PlaceToolbar(const SecondaryTaskbar& bar) noexcept {
     } else {
         // Elsewhere it keeps none, or one above the buttons, for which a bar has no room.
         RECT first = {};
-        if (Send(bar, TB_GETITEMRECT, 0, &first)) above = first.top;
-        // A themed row is as high as the theme's own taskbar would be; lower buttons stand in the middle of it.
-        const LONG spare = ActiveMetrics().rowHeight - HeightOf(first);
-        if (DrawsWithTheme() && !IsVertical(bar.shape.edge) && spare > 0) above -= spare / 2;
+        if (Send(bar, TB_GETITEMRECT, 0, &first)) {
+            above = first.top;
+            // A themed row is as high as the theme's own taskbar would be; lower buttons stand in the middle of it.
+            const LONG spare = ActiveMetrics().rowHeight - HeightOf(first);
+            if (DrawsWithTheme() && !IsVertical(bar.shape.edge) && spare > 0) above -= spare / 2;
+        }
     }
     const LONG below = profile.isWindows2000 ? above : 0;
     SetWindowPos(bar.toolbar, nullptr, 0, -above, bar.clientWidth, bar.clientHeight + above + below,
