@@ -204,6 +204,8 @@ TEST_F(ThemedTest, TheThemeDrawsTheBarAndItsSizingStrip) {
     constexpr COLORREF Bar = RGB(60, 100, 180), Strip = RGB(250, 220, 90);
     StartAll();
     ASSERT_TRUE(BarBecomes(2, {1024, 734, 2048, 768}));
+    // The toolbar leaves the strip alone and fills what is below it, also without a button.
+    EXPECT_TRUE(BecomesPlaced(FindWindowExA(BarOn(2), nullptr, "ToolbarWindow32", nullptr), {1024, 738, 2048, 768}));
     EXPECT_TRUE(Eventually([] {
         return ColourAt({1900, 735}) == Strip && ColourAt({1900, 755}) == Bar;
     })) << std::hex
