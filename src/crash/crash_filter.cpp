@@ -4,7 +4,7 @@
 #include "crash/crash_report.h"
 #include "crash/report_dialog.h"
 #include "process/profile.h"
-#include "process/store.h"
+#include "settings/store.h"
 
 #include <utility>
 

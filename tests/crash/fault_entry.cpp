@@ -1,5 +1,5 @@
 // An entry that only the tests' build of the library has: it faults inside the library's own image.
-#include "fault_protocol.h"
+#include "crash/fault_protocol.h"
 
 #include <cstdlib>
 

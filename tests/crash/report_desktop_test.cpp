@@ -1,8 +1,8 @@
 // The report on a fault as a user meets it, in a program that has the library through the hooks.
-#include "desktop/desktop_fixture.h"
-#include "desktop_behaviours/input.h"
-#include "fault_protocol.h"
+#include "crash/fault_protocol.h"
 #include "shell/record.h"
+#include "support/desktop_fixture.h"
+#include "support/input.h"
 
 #include <cstdio>
 #include <fstream>

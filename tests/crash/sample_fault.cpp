@@ -1,5 +1,5 @@
 // A program with a filter of its own, in which the library faults on request: of a test, or of a user's click.
-#include "fault_protocol.h"
+#include "crash/fault_protocol.h"
 
 namespace {
 
