@@ -11,18 +11,11 @@ inline constexpr char FaultTitle[] = "Faulting sample";
 inline constexpr char FaultEntry[] = "FaultForTest";
 
 // What faults is the library, but for the last. SymbolsHang is a Deep one while the debug-help library never answers.
+// clang-format off
 enum FaultKind : int {
-    Read,
-    Execute,
-    Divide,
-    Deep,
-    StackOverflow,
-    Abort,
-    TwoThreads,
-    LoaderLocked,
-    SymbolsHang,
-    ProgramsOwn
+    Read, Execute, Divide, Deep, StackOverflow, Abort, TwoThreads, LoaderLocked, SymbolsHang, ProgramsOwn
 };
+// clang-format on
 
 // Faults with a place that can't be read.
 int FaultDeep(const int* place);
@@ -32,6 +25,7 @@ inline constexpr char SeenName[] = "HalyardFaultSeen";
 struct FaultSeen {
     EXCEPTION_RECORD record;
     alignas(16) CONTEXT context;
+    HMODULE library;
     LONG faults;
     LONG ownFilterCalls;  // of the program's own filter
     DWORD ownFilterCode;

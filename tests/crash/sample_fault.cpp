@@ -17,6 +17,7 @@ LONG CALLBACK Note(EXCEPTION_POINTERS* fault) {
     if (InterlockedIncrement(&seen->faults) == 1) {
         seen->record = *fault->ExceptionRecord;
         seen->context = *fault->ContextRecord;
+        seen->library = GetModuleHandleA("tvlHalyd.dll");
     }
     return EXCEPTION_CONTINUE_SEARCH;
 }
