@@ -9,6 +9,7 @@
 #include "hook/classification.h"
 #include "process/shared_section.h"
 #include "settings/registry_key.h"
+#include "settings/settings.h"
 #include "settings/store.h"
 
 namespace halyard {
@@ -78,13 +79,14 @@ void SaveWindowMemory(TrackedWindow& tracked) noexcept {
     RegistryKey key;
     if (!OpenAppKey(key, true)) return;
     key.WriteBytes(NormalisedClassName(tracked.window).Text(), bytes, sizeof(bytes));
-    key.WriteDword(DesktopValue, tracked.desktopId);
+    // While there is one desktop only, the one that is remembered waits for the time when there are several again.
+    if (settings.MultiDesk()) key.WriteDword(DesktopValue, tracked.desktopId);
 }
 
 void RestoreWindowMemory(TrackedWindow& tracked) noexcept {
     RegistryKey key;
     if (!QualifiesForWindowMemory(tracked.window) || !OpenAppKey(key, false)) return;
-    ReturnToDesktop(tracked, key.ReadDwordOr(DesktopValue, CurrentDesktopId()));
+    if (settings.MultiDesk()) ReturnToDesktop(tracked, key.ReadDwordOr(DesktopValue, CurrentDesktopId()));
     // A byte more than a record has, so that a longer one shows.
     BYTE bytes[MemoryRecordSize + 1];
     DWORD size = sizeof(bytes);
