@@ -12,9 +12,10 @@ if(WIN32)
     # The library has no C++ runtime beside it: statics of functions are built at file scope or on one thread.
     target_compile_options(halyard_flags INTERFACE -ffunction-sections -fdata-sections -fno-threadsafe-statics)
     target_link_options(halyard_flags INTERFACE -static -Wl,--gc-sections)
-    # Nothing is ever thrown, and 32-bit stacks are walked by their frames: the tables would be a sixth of the library.
+    # Nothing is ever thrown. A crash report walks 32-bit stacks by their frame pointers; unwind tables would serve nobody
+    # there and be a sixth of the library.
     if(CMAKE_SIZEOF_VOID_P EQUAL 4)
-        target_compile_options(halyard_flags INTERFACE -fno-asynchronous-unwind-tables)
+        target_compile_options(halyard_flags INTERFACE -fno-asynchronous-unwind-tables -fno-omit-frame-pointer)
     endif()
 elseif(HALYARD_SANITIZE)
     target_compile_options(halyard_flags INTERFACE

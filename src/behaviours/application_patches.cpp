@@ -1,7 +1,7 @@
 #include "behaviours/application_patches.h"
 
-#include "behaviours/displays.h"
 #include "behaviours/import_walk.h"
+#include "displays/displays.h"
 #include "process/profile.h"
 
 #include <dbghelp.h>

@@ -3,8 +3,8 @@
 #include "behaviours/window_position.h"
 #include "hook/behaviours.h"
 #include "process/profile.h"
-#include "process/settings.h"
 #include "process/window_long.h"
+#include "settings/settings.h"
 
 namespace halyard {
 

@@ -1,13 +1,13 @@
 #include "behaviours/drag_loop.h"
 
 #include "behaviours/borrowed_proc.h"
-#include "behaviours/displays.h"
 #include "behaviours/drag_transparency.h"
 #include "behaviours/geometry.h"
+#include "displays/displays.h"
 #include "hook/behaviours.h"
 #include "process/profile.h"
-#include "process/settings.h"
 #include "process/window_long.h"
+#include "settings/settings.h"
 
 namespace halyard {
 

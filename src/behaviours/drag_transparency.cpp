@@ -3,7 +3,7 @@
 #include "behaviours/drag_loop.h"
 #include "behaviours/geometry.h"
 #include "process/profile.h"
-#include "process/settings.h"
+#include "settings/settings.h"
 
 namespace halyard {
 

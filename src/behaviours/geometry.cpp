@@ -38,10 +38,6 @@ Span Vertical(const RECT& rect) noexcept {
 
 }  // namespace
 
-RECT UnionOf(const RECT& a, const RECT& b) noexcept {
-    return {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right), std::max(a.bottom, b.bottom)};
-}
-
 POINT CentredOn(const RECT& window, const RECT& target, const RECT& workBounds) noexcept {
     const LONG height = HeightOf(window);
     LONG x = target.left + WidthOf(target) / 2 - WidthOf(window) / 2;

@@ -6,9 +6,6 @@
 
 namespace halyard {
 
-// The smallest rectangle that holds both.
-RECT UnionOf(const RECT& a, const RECT& b) noexcept;
-
 // Where a window's top left corner goes so that the window is centred on `target`. Not left of the work bounds nor
 // below them, but above all not left of the target nor above it.
 POINT CentredOn(const RECT& window, const RECT& target, const RECT& workBounds) noexcept;

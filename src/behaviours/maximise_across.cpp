@@ -1,12 +1,12 @@
 #include "behaviours/maximise_across.h"
 
-#include "behaviours/displays.h"
 #include "behaviours/geometry.h"
 #include "behaviours/window_position.h"
+#include "displays/displays.h"
 #include "hook/behaviours.h"
 #include "process/profile.h"
-#include "process/settings.h"
 #include "process/window_long.h"
+#include "settings/settings.h"
 
 namespace halyard {
 

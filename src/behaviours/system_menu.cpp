@@ -5,9 +5,9 @@
 #include "desktops/desktop_list.h"
 #include "hook/behaviours.h"
 #include "process/profile.h"
-#include "process/settings.h"
 #include "process/shared_section.h"
 #include "process/strings.h"
+#include "settings/settings.h"
 
 namespace halyard {
 

@@ -1,15 +1,15 @@
 // Windows that reopen where they were.
-#include "behaviours/displays.h"
 #include "behaviours/geometry.h"
 #include "behaviours/maximise_across.h"
 #include "behaviours/memory_record.h"
 #include "behaviours/window_position.h"
 #include "desktops/desktop_list.h"
+#include "displays/displays.h"
 #include "hook/behaviours.h"
 #include "hook/classification.h"
-#include "process/registry_key.h"
 #include "process/shared_section.h"
-#include "process/store.h"
+#include "settings/registry_key.h"
+#include "settings/store.h"
 
 namespace halyard {
 

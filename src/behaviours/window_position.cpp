@@ -1,7 +1,7 @@
 #include "behaviours/window_position.h"
 
-#include "behaviours/displays.h"
 #include "behaviours/geometry.h"
+#include "displays/displays.h"
 #include "process/profile.h"
 #include "process/shared_section.h"
 #include "process/window_long.h"

@@ -3,6 +3,8 @@
 
 #include "common/win_types.h"
 
+#include <algorithm>
+
 namespace halyard {
 
 constexpr LONG WidthOf(const RECT& rect) noexcept {
@@ -16,6 +18,10 @@ constexpr bool SameRect(const RECT& a, const RECT& b) noexcept {
 }
 constexpr RECT Shifted(const RECT& rect, LONG dx, LONG dy) noexcept {
     return {rect.left + dx, rect.top + dy, rect.right + dx, rect.bottom + dy};
+}
+// The smallest rectangle that holds both.
+constexpr RECT UnionOf(const RECT& a, const RECT& b) noexcept {
+    return {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right), std::max(a.bottom, b.bottom)};
 }
 
 }  // namespace halyard

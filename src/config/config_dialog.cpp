@@ -4,9 +4,9 @@
 #include "config/sheet.h"
 #include "process/profile.h"
 #include "process/shared_section.h"
-#include "process/store.h"
 #include "process/strings.h"
 #include "resources/resource_ids.h"
+#include "settings/store.h"
 
 #include <commctrl.h>
 #include <prsht.h>

@@ -6,11 +6,11 @@
 #include "process/broadcasts.h"
 #include "process/profile.h"
 #include "process/server_call.h"
-#include "process/settings.h"
 #include "process/shared_section.h"
 #include "process/strings.h"
 #include "process/window_long.h"
 #include "resources/resource_ids.h"
+#include "settings/settings.h"
 
 #include <commctrl.h>
 #include <memory>

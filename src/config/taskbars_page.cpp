@@ -1,8 +1,8 @@
 #include "config/sheet.h"
 #include "process/broadcasts.h"
-#include "process/settings.h"
 #include "process/shared_section.h"
 #include "resources/resource_ids.h"
+#include "settings/settings.h"
 
 #include <commctrl.h>
 #include <initializer_list>

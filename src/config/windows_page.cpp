@@ -1,10 +1,10 @@
-#include "behaviours/displays.h"
 #include "config/sheet.h"
+#include "displays/displays.h"
 #include "process/broadcasts.h"
 #include "process/profile.h"
-#include "process/settings.h"
 #include "process/strings.h"
 #include "resources/resource_ids.h"
+#include "settings/settings.h"
 
 #include <commctrl.h>
 #include <initializer_list>

@@ -45,7 +45,7 @@ const char* ExceptionName(DWORD code) noexcept {
     return systemText;
 }
 
-void BuildReport(const EXCEPTION_POINTERS& exception, ReportText& report, volatile LONG& progress) noexcept {
+void BuildReportHead(const EXCEPTION_POINTERS& exception, ReportText& report) noexcept {
     OSVERSIONINFOA version = {};
     version.dwOSVersionInfoSize = sizeof(version);
     GetVersionExA(&version);
@@ -57,8 +57,13 @@ void BuildReport(const EXCEPTION_POINTERS& exception, ReportText& report, volati
         RegistersOf(*exception.ContextRecord),
         {version.dwMajorVersion, version.dwMinorVersion, version.dwBuildNumber, version.szCSDVersion},
     };
+    WriteHead(ProcessMemory(), fault, report);
+}
+
+void BuildReport(const EXCEPTION_POINTERS& exception, ReportText& report, volatile LONG& progress) noexcept {
+    BuildReportHead(exception, report);
     DebugHelp help(*exception.ContextRecord, progress);
-    BuildReport(help.Source(), fault, report);
+    WriteDetails(help.Source(), reinterpret_cast<ULONG_PTR>(exception.ExceptionRecord->ExceptionAddress), report);
 }
 
 }  // namespace halyard

@@ -12,7 +12,7 @@ namespace halyard {
 
 namespace {
 
-// The headers give the entries of the wide machine the plain names; what the library exports is these.
+// On 64-bit systems the headers define StackWalk and its like as StackWalk64: only that name is exported there.
 #ifdef _WIN64
 #define ADDRESS_WIDTH "64"
 constexpr DWORD Machine = IMAGE_FILE_MACHINE_AMD64;
@@ -99,23 +99,27 @@ void CloseSymbols(void*) {
     entries.symCleanup(GetCurrentProcess());
 }
 
-struct ModuleTarget {
+// Where the items of an enumeration go.
+template <typename Item>
+struct Receiver {
+    void Give(const Item& item) const noexcept {
+        Counted(context);
+        found(target, item);
+    }
     void* context;
-    void (*found)(void* target, const Module& module);
+    void (*found)(void* target, const Item& item);
     void* target;
 };
 
 BOOL CALLBACK OnModule(const char* name, AddressValue base, ULONG size, void* context) {
-    const auto& target = *static_cast<const ModuleTarget*>(context);
-    Counted(target.context);
     const ModulePath path(reinterpret_cast<HMODULE>(static_cast<ULONG_PTR>(base)));
     const ModuleVersion version(path.text);
-    target.found(target.target, {name, base, size, version.text, path.text});
+    static_cast<const Receiver<Module>*>(context)->Give({name, base, size, version.text, path.text});
     return TRUE;
 }
 
 void EnumerateModules(void* context, void (*found)(void* target, const Module& module), void* target) {
-    ModuleTarget bound = {context, found, target};
+    Receiver<Module> bound = {context, found, target};
     entries.enumerateLoadedModules(GetCurrentProcess(), OnModule, &bound);
 }
 
@@ -185,23 +189,15 @@ void EnterFrame(void* context, std::uint64_t instruction) {
     entries.symSetContext(GetCurrentProcess(), &frame, nullptr);
 }
 
-struct SymbolTarget {
-    void* context;
-    void (*found)(void* target, const Symbol& symbol);
-    void* target;
-};
-
 BOOL CALLBACK SymbolCallback(SYMBOL_INFO* symbol, ULONG, void* context) {
-    const auto& target = *static_cast<const SymbolTarget*>(context);
-    Counted(target.context);
-    target.found(target.target, {symbol->Name, symbol->Address, symbol->ModBase, symbol->Flags, symbol->Tag,
-                                 symbol->TypeIndex, symbol->Size});
+    static_cast<const Receiver<Symbol>*>(context)->Give(
+        {symbol->Name, symbol->Address, symbol->ModBase, symbol->Flags, symbol->Tag, symbol->TypeIndex, symbol->Size});
     return TRUE;
 }
 
 void EnumerateSymbols(void* context, std::uint64_t moduleBase, void (*found)(void* target, const Symbol& symbol),
                       void* target) {
-    SymbolTarget bound = {context, found, target};
+    Receiver<Symbol> bound = {context, found, target};
     entries.symEnumSymbols(GetCurrentProcess(), moduleBase, nullptr, SymbolCallback, &bound);
 }
 
@@ -252,12 +248,17 @@ DebugHelp::DebugHelp(const CONTEXT& faultedContext, volatile LONG& progressCount
     InterlockedIncrement(&progress);
 }
 
-ReportSource DebugHelp::Source() noexcept {
+ReportSource ProcessMemory() noexcept {
     ReportSource source = {};
-    source.context = this;
     source.pointerSize = sizeof(void*);
     source.read = ReadMemory;
     source.moduleAt = ModuleAt;
+    return source;
+}
+
+ReportSource DebugHelp::Source() noexcept {
+    ReportSource source = ProcessMemory();
+    source.context = this;
     source.openSymbols = OpenSymbols;
     source.startWalk = StartWalk;
     if (entries.enumerateLoadedModules) source.enumerateModules = EnumerateModules;

@@ -8,6 +8,9 @@
 
 namespace halyard {
 
+// What needs no other library: the memory and the modules of this process. All else of it is null.
+ReportSource ProcessMemory() noexcept;
+
 // Answers for a fault of this process whose thread stands still. On one thread only, as the debug-help library asks
 // for.
 class DebugHelp {

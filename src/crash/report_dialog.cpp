@@ -1,6 +1,6 @@
 #include "crash/report_dialog.h"
 
-#include "behaviours/window_position.h"
+#include "behaviours/geometry.h"
 #include "common/win_types.h"
 #include "process/profile.h"
 #include "process/window_long.h"
@@ -16,6 +16,7 @@ namespace {
 #define SUPPORT_ADDRESS "help@tevral.example"
 constexpr char SupportAddress[] = SUPPORT_ADDRESS;
 constexpr char MailLink[] = "mailto:" SUPPORT_ADDRESS "?subject=Halyard%20Error%20Report";
+constexpr UINT IsUpMessage = WM_APP;  // posted by the dialog to itself when it is made
 constexpr COLORREF LinkColour = RGB(0, 0, 255);
 
 ReportDialogData& DataOf(HWND dialog) noexcept {
@@ -79,6 +80,17 @@ void KeepLinkClear(HWND dialog) noexcept {
     SetWindowPos(link, nullptr, linkPlace.left + over, linkPlace.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+// Asks the platform and not the table of displays, whose lock the faulted thread may hold.
+void CentreOnDisplay(HWND dialog) noexcept {
+    RECT rect = {};
+    MONITORINFO info = {};
+    info.cbSize = sizeof(info);
+    if (!profile.getMonitorInfo || !profile.monitorFromRect || !GetWindowRect(dialog, &rect)) return;
+    if (!GetMonitorInfoA(profile.monitorFromRect(&rect, MONITOR_DEFAULTTONEAREST), &info)) return;
+    const POINT place = CentredOn(rect, info.rcWork, info.rcWork);
+    SetWindowPos(dialog, nullptr, place.x, place.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 INT_PTR OnInitDialog(HWND dialog, LPARAM data) noexcept {
     SetWindowLongPtrA(dialog, GWLP_USERDATA, data);
     HWND text = GetDlgItem(dialog, IDC_REPORT_TEXT);
@@ -91,7 +103,8 @@ INT_PTR OnInitDialog(HWND dialog, LPARAM data) noexcept {
     // top.
     PostMessageA(text, WM_VSCROLL, SB_TOP, 0);
     KeepLinkClear(dialog);
-    CentreOnOwnDisplay(dialog, nullptr);
+    CentreOnDisplay(dialog);
+    PostMessageA(dialog, IsUpMessage, 0, 0);
     return TRUE;
 }
 
@@ -136,6 +149,7 @@ INT_PTR CALLBACK ReportDialogProc(HWND dialog, UINT message, WPARAM wParam, LPAR
     case WM_DRAWITEM: return OnDrawItem(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
     case WM_COMMAND: return OnCommand(dialog, LOWORD(wParam), HIWORD(wParam), reinterpret_cast<HWND>(lParam));
     case WM_CLOSE: EndDialog(dialog, 0); break;
+    case IsUpMessage: *DataOf(dialog).isUp = true; break;
     }
     return FALSE;
 }

@@ -8,9 +8,10 @@ namespace halyard {
 struct ReportDialogData {
     TextBuffer text;
     bool excludeProgram;  // what the user chose
+    volatile bool* isUp;  // set once the dialog answers messages
 };
 
-// Returns when the user has closed it. On the report's own thread.
+// Returns when the user has closed it. On the thread of the report, or on the faulted one where no other can start.
 void ShowReportDialog(ReportDialogData& data) noexcept;
 
 }  // namespace halyard

@@ -210,7 +210,7 @@ void WriteCallStack(const ReportSource& source, ReportText& report, bool withVar
     WriteWalk(source, report, &line);
 }
 
-void BuildReport(const ReportSource& source, const Fault& fault, ReportText& report) noexcept {
+void WriteHead(const ReportSource& source, const Fault& fault, ReportText& report) noexcept {
     report.Clear();
     report.Append("//=====================================================\r\n");
     AppendFormat(report, "Exception code: %08X %.480s\r\n", fault.code, fault.name);
@@ -220,6 +220,9 @@ void BuildReport(const ReportSource& source, const Fault& fault, ReportText& rep
                  place.offset, place.path);
     WriteRegisters(source, report, fault.registers);
     WriteSystem(report, fault.system);
+}
+
+void WriteDetails(const ReportSource& source, std::uint64_t faultAddress, ReportText& report) noexcept {
     WriteModules(source, report);
     unsigned error = 0;
     if (!source.openSymbols(source.context, error)) {
@@ -230,7 +233,7 @@ void BuildReport(const ReportSource& source, const Fault& fault, ReportText& rep
     report.Append("========================\r\nLocal Variables And Parameters\r\n");
     WriteCallStack(source, report, true);
     ReportText line(LineLimit);
-    WriteGlobals(source, report, line, fault.address);
+    WriteGlobals(source, report, line, faultAddress);
     if (source.closeSymbols) source.closeSymbols(source.context);
     report.Append("\r\n");
 }

@@ -47,7 +47,10 @@ void WriteModuleLine(const ReportSource& source, ReportText& report, const Modul
 // One walk over the faulted thread's stack.
 void WriteCallStack(const ReportSource& source, ReportText& report, bool withVariables) noexcept;
 
-// Replaces what `report` held.
-void BuildReport(const ReportSource& source, const Fault& fault, ReportText& report) noexcept;
+// The exception, its registers and the system: all that can be told from the memory of the program alone. Replaces what
+// `report` held.
+void WriteHead(const ReportSource& source, const Fault& fault, ReportText& report) noexcept;
+// The modules, the stack, the variables.
+void WriteDetails(const ReportSource& source, std::uint64_t faultAddress, ReportText& report) noexcept;
 
 }  // namespace halyard

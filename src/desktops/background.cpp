@@ -5,7 +5,7 @@
 #include "desktops/window_desktop_map.h"
 #include "process/com.h"
 #include "process/profile.h"
-#include "process/registry_key.h"
+#include "settings/registry_key.h"
 
 #include <cwchar>
 // The shell's header declares the interface only behind this one.

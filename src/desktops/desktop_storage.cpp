@@ -2,9 +2,9 @@
 
 #include "desktops/desktop_list.h"
 #include "desktops/desktop_rules.h"
-#include "process/registry_key.h"
-#include "process/store.h"
 #include "process/strings.h"
+#include "settings/registry_key.h"
+#include "settings/store.h"
 
 namespace halyard {
 

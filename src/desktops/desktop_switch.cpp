@@ -5,12 +5,12 @@
 #include "desktops/desktop_rules.h"
 #include "desktops/session_record.h"
 #include "desktops/window_desktop_map.h"
-#include "process/registry_key.h"
 #include "process/server_call.h"
-#include "process/settings.h"
 #include "process/shared_section.h"
-#include "process/store.h"
 #include "process/trace.h"
+#include "settings/registry_key.h"
+#include "settings/settings.h"
+#include "settings/store.h"
 
 #include <cassert>
 

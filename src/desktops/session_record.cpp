@@ -1,8 +1,8 @@
 #include "desktops/session_record.h"
 
 #include "desktops/desktop_storage.h"
-#include "process/registry_key.h"
 #include "process/shared_section.h"
+#include "settings/registry_key.h"
 
 #include <memory>
 #include <new>

@@ -5,9 +5,9 @@
 #include "hook/classification.h"
 #include "hook/event_geometry.h"
 #include "process/profile.h"
-#include "process/settings.h"
 #include "process/shared_section.h"
 #include "process/window_long.h"
+#include "settings/settings.h"
 
 namespace halyard {
 

@@ -1,8 +1,8 @@
 #include "hotkeys/hotkeys.h"
 
-#include "process/registry_key.h"
 #include "process/server_call.h"
-#include "process/store.h"
+#include "settings/registry_key.h"
+#include "settings/store.h"
 
 namespace halyard {
 

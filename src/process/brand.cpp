@@ -1,6 +1,6 @@
 #include "common/handles.h"
-#include "process/registry_key.h"
 #include "process/strings.h"
+#include "settings/registry_key.h"
 
 #include <cstring>
 

@@ -3,7 +3,7 @@
 #ifndef NDEBUG
 
 #include "process/profile.h"
-#include "process/registry_key.h"
+#include "settings/registry_key.h"
 
 #include <cstdarg>
 #include <cstring>

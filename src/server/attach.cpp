@@ -1,16 +1,16 @@
 #include "server/attach.h"
 
 #include "behaviours/application_patches.h"
-#include "behaviours/displays.h"
 #include "behaviours/drag_loop.h"
 #include "crash/crash_filter.h"
 #include "desktops/desktop_list.h"
+#include "displays/displays.h"
 #include "hook/thread_table.h"
 #include "process/profile.h"
-#include "process/settings.h"
-#include "process/store.h"
 #include "process/trace.h"
 #include "server/server_window.h"
+#include "settings/settings.h"
+#include "settings/store.h"
 
 #include <new>
 #include <utility>

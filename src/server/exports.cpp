@@ -4,9 +4,9 @@
 #include "desktops/desktop_list.h"
 #include "desktops/desktop_switch.h"
 #include "process/server_call.h"
-#include "process/settings.h"
 #include "process/shared_section.h"
 #include "server/lifecycle.h"
+#include "settings/settings.h"
 
 #include <cstring>
 

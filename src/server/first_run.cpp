@@ -3,8 +3,8 @@
 #include "common/handles.h"
 #include "common/text_buffer.h"
 #include "process/profile.h"
-#include "process/settings.h"
-#include "process/store.h"
+#include "settings/settings.h"
+#include "settings/store.h"
 
 #include <cstring>
 

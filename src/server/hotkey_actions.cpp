@@ -5,7 +5,7 @@
 #include "desktops/desktop_switch.h"
 #include "hotkeys/find_cursor.h"
 #include "hotkeys/hotkeys.h"
-#include "process/settings.h"
+#include "settings/settings.h"
 
 namespace halyard {
 

@@ -11,10 +11,10 @@
 #include "process/broadcasts.h"
 #include "process/com.h"
 #include "process/profile.h"
-#include "process/settings.h"
 #include "process/shared_section.h"
 #include "server/first_run.h"
 #include "server/server_window.h"
+#include "settings/settings.h"
 #include "taskbars/extras.h"
 
 namespace halyard {

@@ -3,7 +3,7 @@
 #include "desktops/desktop_list.h"
 #include "process/profile.h"
 #include "process/server_call.h"
-#include "process/settings.h"
+#include "settings/settings.h"
 
 namespace halyard {
 

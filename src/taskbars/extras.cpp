@@ -2,10 +2,10 @@
 
 #include "mirror/task_switch_mirror.h"
 #include "process/profile.h"
-#include "process/settings.h"
 #include "process/shared_section.h"
+#include "settings/settings.h"
+#include "taskbars/shell/tray_hook.h"
 #include "taskbars/taskbar_manager.h"
-#include "taskbars/tray_hook.h"
 #include "taskbars/window_icon.h"
 
 #include <commctrl.h>

@@ -1,14 +1,14 @@
 #include "taskbars/task_list.h"
 
 #include "process/protocol.h"
-#include "process/settings.h"
 #include "process/shared_section.h"
+#include "settings/settings.h"
 #include "taskbars/button_ids.h"
-#include "taskbars/shell_tabs.h"
+#include "taskbars/shell/shell_tabs.h"
+#include "taskbars/shell/tray_hook.h"
 #include "taskbars/task_buttons.h"
 #include "taskbars/task_windows.h"
 #include "taskbars/taskbar_manager.h"
-#include "taskbars/tray_hook.h"
 
 #include <new>
 

@@ -2,7 +2,7 @@
 
 #include "common/rectangles.h"
 #include "process/profile.h"
-#include "process/settings.h"
+#include "settings/settings.h"
 
 #include <cstring>
 

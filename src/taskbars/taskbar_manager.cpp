@@ -2,12 +2,12 @@
 
 #include "process/profile.h"
 #include "process/protocol.h"
-#include "process/settings.h"
 #include "process/shared_section.h"
+#include "settings/settings.h"
 #include "taskbars/app_bar.h"
+#include "taskbars/shell/tray_hook.h"
 #include "taskbars/task_list.h"
 #include "taskbars/taskbar_window.h"
-#include "taskbars/tray_hook.h"
 
 #include <cstring>
 #include <new>

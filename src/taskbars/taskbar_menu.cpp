@@ -2,9 +2,9 @@
 
 #include "config/config_dialog.h"
 #include "process/profile.h"
-#include "process/settings.h"
-#include "process/store.h"
 #include "resources/resource_ids.h"
+#include "settings/settings.h"
+#include "settings/store.h"
 #include "taskbars/docking.h"
 #include "taskbars/taskbar_manager.h"
 

@@ -3,15 +3,15 @@
 #include "common/rectangles.h"
 #include "mirror/task_switch_mirror.h"
 #include "process/profile.h"
-#include "process/store.h"
 #include "resources/resource_ids.h"
+#include "settings/store.h"
 #include "taskbars/docking.h"
+#include "taskbars/shell/tray_hook.h"
 #include "taskbars/task_buttons.h"
 #include "taskbars/task_list.h"
 #include "taskbars/taskbar_manager.h"
 #include "taskbars/taskbar_menu.h"
 #include "taskbars/taskbar_theme.h"
-#include "taskbars/tray_hook.h"
 
 namespace halyard {
 

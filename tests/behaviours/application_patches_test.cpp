@@ -1,7 +1,7 @@
 #include "behaviours/application_patches.h"
 
-#include "behaviour_fixture.h"
 #include "behaviours/import_walk.h"
+#include "behaviours/inprocess_fixture.h"
 
 namespace halyard::test {
 namespace {

@@ -1,5 +1,5 @@
 // Real dialog boxes in the place that the user chose, in programs that meddle with it meanwhile.
-#include "behaviour_fixture.h"
+#include "behaviours/inprocess_fixture.h"
 #include "hook/behaviours.h"
 
 #include <functional>

@@ -2,7 +2,7 @@
 // whatever stands behind them.
 #include "behaviours/drag_loop.h"
 
-#include "behaviour_fixture.h"
+#include "behaviours/inprocess_fixture.h"
 #include "hook/behaviours.h"
 
 #include <functional>

@@ -1,6 +1,6 @@
 // What holds for any window on any desktop, tried with many of them in a fixed sequence.
 #include "behaviours/geometry.h"
-#include "layouts.h"
+#include "support/layouts.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "behaviours/geometry.h"
-#include "rect_values.h"
+#include "support/rect_values.h"
 
 #include <gtest/gtest.h>
 

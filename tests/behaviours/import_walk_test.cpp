@@ -1,5 +1,5 @@
 #include "behaviours/import_walk.h"
-#include "made_up_image.h"
+#include "behaviours/made_up_image.h"
 
 #include <gtest/gtest.h>
 

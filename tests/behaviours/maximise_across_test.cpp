@@ -1,6 +1,6 @@
 #include "behaviours/maximise_across.h"
 
-#include "behaviour_fixture.h"
+#include "behaviours/inprocess_fixture.h"
 #include "hook/behaviours.h"
 
 namespace halyard::test {

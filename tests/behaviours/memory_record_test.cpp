@@ -1,5 +1,5 @@
 #include "behaviours/memory_record.h"
-#include "rect_values.h"
+#include "support/rect_values.h"
 
 #include <gtest/gtest.h>
 

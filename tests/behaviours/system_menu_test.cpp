@@ -1,5 +1,5 @@
 // The extension in real system menus, of programs that do with their menus what they like.
-#include "behaviour_fixture.h"
+#include "behaviours/inprocess_fixture.h"
 #include "desktops/desktop_list.h"
 #include "hook/behaviours.h"
 

@@ -1,10 +1,10 @@
 // Windows that come back to where windows of their class last stood.
-#include "behaviour_fixture.h"
+#include "behaviours/inprocess_fixture.h"
 #include "behaviours/memory_record.h"
 #include "behaviours/window_position.h"
 #include "desktops/desktop_list.h"
 #include "hook/behaviours.h"
-#include "process/registry_key.h"
+#include "settings/registry_key.h"
 
 #include <algorithm>
 #include <memory>

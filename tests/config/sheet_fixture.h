@@ -1,8 +1,8 @@
 // The property sheet under a user's hands.
 #pragma once
 
-#include "desktop_behaviours/behaviour_fixture.h"
 #include "resources/resource_ids.h"
+#include "support/behaviour_fixture.h"
 
 namespace halyard::test {
 

@@ -1,5 +1,5 @@
 // An entry that only the tests' build of the library has: it faults inside the library's own image.
-#include "fault_protocol.h"
+#include "crash/fault_protocol.h"
 
 #include <cstdlib>
 
@@ -32,9 +32,9 @@ int FaultWithProbe(int kind) {
     volatile int zero = 0;
     switch (kind) {
     case Read: return *nowhere + probe.first + *text;
-    case Write: return *nowhere = 1;
     case Execute: return reinterpret_cast<int (*)()>(instructions)();
     case Divide: return globalProbe / zero;
+    case Deep: return FaultDeep(nowhere);
     case StackOverflow: return Overflow(0);
     case Abort: std::abort();
     }

@@ -1,5 +1,7 @@
 // A program with a filter of its own, in which the library faults on request: of a test, or of a user's click.
-#include "fault_protocol.h"
+#include "crash/fault_protocol.h"
+
+#include <cstring>
 
 namespace {
 
@@ -15,6 +17,7 @@ LONG CALLBACK Note(EXCEPTION_POINTERS* fault) {
     if (InterlockedIncrement(&seen->faults) == 1) {
         seen->record = *fault->ExceptionRecord;
         seen->context = *fault->ContextRecord;
+        seen->library = GetModuleHandleA("tvlHalyd.dll");
     }
     return EXCEPTION_CONTINUE_SEARCH;
 }
@@ -34,13 +37,31 @@ DWORD WINAPI FaultingThread(void*) {
     return static_cast<DWORD>(Entry()(Read));
 }
 
+void WINAPI Hang() {
+    Sleep(INFINITE);
+}
+
+// Turns the beginning of a function into a jump to Hang.
+void HangIn(void* function) {
+    unsigned char jump[] = {0x48, 0xB8, 0, 0, 0, 0, 0, 0, 0, 0, 0xFF, 0xE0};  // mov rax, target; jmp rax
+    constexpr bool wide = sizeof(void*) == 8;
+    const auto target = reinterpret_cast<ULONG_PTR>(&Hang);
+    std::memcpy(jump + 2, &target, sizeof(target));
+    // Without the prefix and the target's upper half the same bytes are what a 32-bit program needs.
+    unsigned char* code = wide ? jump : jump + 1;
+    if (!wide) std::memcpy(jump + 6, jump + 10, 2);
+    DWORD before = 0;
+    VirtualProtect(function, sizeof(jump), PAGE_EXECUTE_READWRITE, &before);
+    std::memcpy(function, code, wide ? 12 : 7);
+}
+
 void Fault(int kind) {
     int* volatile nowhere = reinterpret_cast<int*>(0x20);
     switch (kind) {
     case ProgramsOwn: *nowhere = 1; break;
     case TwoThreads:
         CloseHandle(CreateThread(nullptr, 0, FaultingThread, nullptr, 0, nullptr));
-        Entry()(Write);
+        Entry()(Read);
         break;
     case LoaderLocked: {
         using LockFn = LONG(WINAPI*)(ULONG flags, ULONG * result, ULONG_PTR * cookie);
@@ -53,6 +74,10 @@ void Fault(int kind) {
         entry(Read);
         break;
     }
+    case SymbolsHang:
+        HangIn(reinterpret_cast<void*>(GetProcAddress(LoadLibraryA("dbghelp.dll"), "SymInitialize")));
+        Entry()(Deep);
+        break;
     default: Entry()(kind);
     }
 }

@@ -1,6 +1,6 @@
 #include "shell/tray.h"
 
-#include "desktop/desktop_fixture.h"
+#include "support/desktop_fixture.h"
 
 #include <algorithm>
 

@@ -1,9 +1,9 @@
 // The stand-in shell in the hands of a test.
 #pragma once
 
-#include "desktop/children.h"
-#include "desktop/registry.h"
 #include "shell/tray_protocol.h"
+#include "support/children.h"
+#include "support/registry.h"
 
 #include <gtest/gtest.h>
 #include <string>

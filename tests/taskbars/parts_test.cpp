@@ -1,11 +1,11 @@
 // The manager on made-up displays, and the hook's answers, in the test's own process.
 #include "process/profile.h"
-#include "process/settings.h"
 #include "process/shared_section.h"
 #include "server/server_window.h"
+#include "settings/settings.h"
+#include "taskbars/shell/tray_hook.h"
 #include "taskbars/taskbar_manager.h"
 #include "taskbars/theme_api.h"
-#include "taskbars/tray_hook.h"
 
 #include <algorithm>
 #include <cstring>

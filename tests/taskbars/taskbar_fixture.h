@@ -1,10 +1,10 @@
 // One test of the secondary taskbars: the stand-in shell beside the built system, on displays side by side.
 #pragma once
 
-#include "desktop/desktop_fixture.h"
-#include "desktop_behaviours/arrangement.h"
-#include "desktop_behaviours/input.h"
 #include "shell/tray.h"
+#include "support/arrangement.h"
+#include "support/desktop_fixture.h"
+#include "support/input.h"
 
 namespace halyard::test {
 

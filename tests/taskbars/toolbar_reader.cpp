@@ -1,6 +1,6 @@
 #include "taskbars/toolbar_reader.h"
 
-#include "desktop/windows_seen.h"
+#include "support/windows_seen.h"
 
 #include <commctrl.h>
 

@@ -1,0 +1,124 @@
+#include "settings/store.h"
+
+#include "process/profile.h"
+#include "settings/registry_key.h"
+
+namespace halyard {
+
+namespace {
+
+bool useMachineHive = false;
+
+// Built at file scope, ahead of the load step.
+struct AppKeyText {
+    AppKeyText() noexcept : path(nullptr) {
+        for (char* at = path.text; *at; ++at) {
+            // The second byte of a double-byte character may look like a backslash.
+            if (IsDBCSLeadByte(static_cast<BYTE>(*at)) && at[1])
+                ++at;
+            else if (*at == '\\')
+                *at = '/';
+        }
+    }
+    ModulePath path;
+};
+const AppKeyText appKeyText;
+
+void OpenSubtree(RegistryKey& key, const char* name) noexcept {
+    RegistryKey root;
+    RegistryKey opened;
+    if (root.Create(ChosenHive(), ProductKey) && opened.Create(root.get(), name)) key.Swap(opened);
+}
+
+struct IndexedName {
+    IndexedName(const char* name, DWORD index) noexcept {
+        wsprintfA(text, "%.40s_%X", name, static_cast<unsigned>(index));
+    }
+    char text[64];
+};
+
+}  // namespace
+
+const char* AppKeyName() noexcept {
+    return appKeyText.path.text;
+}
+
+void ChooseHive() noexcept {
+    if (!profile.isNtFamily) {
+        useMachineHive = false;
+        return;
+    }
+    RegistryKey key;
+    if (key.Open(HKEY_LOCAL_MACHINE, ProductKey, KEY_READ)) useMachineHive = key.ReadBool("Admin", true);
+}
+
+HKEY ChosenHive() noexcept {
+    return useMachineHive ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER;
+}
+
+bool OpenAppKey(RegistryKey& key, bool create) noexcept {
+    RegistryKey root;
+    RegistryKey memory;
+    if (!root.Create(HKEY_CURRENT_USER, ProductKey) || !memory.Create(root.get(), "AppMem")) return false;
+    return create ? key.Create(memory.get(), AppKeyName()) : key.Open(memory.get(), AppKeyName(), KEY_ALL_ACCESS);
+}
+
+void OpenDesktopsKey(RegistryKey& key) noexcept {
+    OpenSubtree(key, "Desktops");
+}
+
+void OpenHotkeysKey(RegistryKey& key) noexcept {
+    OpenSubtree(key, "HotKeys");
+}
+
+void WriteProductValue(const char* name, DWORD value) noexcept {
+    RegistryKey key;
+    if (key.Open(ChosenHive(), ProductKey, KEY_ALL_ACCESS)) key.WriteDword(name, value);
+}
+
+DWORD ReadIndexedValue(DWORD index, const char* name, DWORD missing) noexcept {
+    RegistryKey key;
+    if (!key.Open(ChosenHive(), ProductKey, KEY_ALL_ACCESS)) return missing;
+    return key.ReadDwordOr(IndexedName(name, index).text, missing);
+}
+
+void WriteIndexedValue(DWORD index, const char* name, DWORD value) noexcept {
+    WriteProductValue(IndexedName(name, index).text, value);
+}
+
+bool IsExcluded() noexcept {
+    RegistryKey key;
+    return OpenAppKey(key, false) && key.ReadBool("Excluded", false);
+}
+
+void SetExcluded() noexcept {
+    RegistryKey key;
+    if (OpenAppKey(key, true)) key.WriteDword("Excluded", 1);
+}
+
+bool IsUserAdministrator() noexcept {
+    using AllocateSidFn =
+        BOOL(WINAPI*)(SID_IDENTIFIER_AUTHORITY*, BYTE, DWORD, DWORD, DWORD, DWORD, DWORD, DWORD, DWORD, DWORD, PSID*);
+    using CheckMembershipFn = BOOL(WINAPI*)(HANDLE, PSID, BOOL*);
+    using FreeSidFn = void*(WINAPI*)(PSID);
+    const HMODULE security = GetModuleHandleA("advapi32.dll");
+    const auto allocateSid = EntryOf<AllocateSidFn>(security, "AllocateAndInitializeSid");
+    const auto checkMembership = EntryOf<CheckMembershipFn>(security, "CheckTokenMembership");
+    const auto freeSid = EntryOf<FreeSidFn>(security, "FreeSid");
+    if (!allocateSid || !checkMembership) return false;
+    SID_IDENTIFIER_AUTHORITY authority = {{0, 0, 0, 0, 0, 5}};  // SECURITY_NT_AUTHORITY
+    PSID administrators = nullptr;
+    if (!allocateSid(&authority, 2, SECURITY_BUILTIN_DOMAIN_RID, DOMAIN_ALIAS_RID_ADMINS, 0, 0, 0, 0, 0, 0,
+                     &administrators))
+        return false;
+    BOOL member = FALSE;
+    if (!checkMembership(nullptr, administrators, &member)) member = FALSE;
+    if (freeSid) freeSid(administrators);
+    return member != FALSE;
+}
+
+bool CanChangeSettings() noexcept {
+    return !profile.isNtFamily || !useMachineHive || IsUserAdministrator();
+}
+
+}  // namespace halyard

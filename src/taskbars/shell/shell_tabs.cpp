@@ -1,0 +1,37 @@
+#include "taskbars/shell/shell_tabs.h"
+
+#include "process/com.h"
+
+// The shell's header declares the interface only behind this one.
+#include <unknwn.h>
+
+#include <shobjidl.h>
+
+namespace halyard {
+
+namespace {
+
+constexpr GUID TaskbarListClass = {0x56FDF344, 0xFD6D, 0x11D0, {0x95, 0x8A, 0x00, 0x60, 0x97, 0xC9, 0xA0, 0x90}};
+constexpr GUID TaskbarListInterface = {0x56FDF342, 0xFD6D, 0x11D0, {0x95, 0x8A, 0x00, 0x60, 0x97, 0xC9, 0xA0, 0x90}};
+
+ITaskbarList* taskbarList = nullptr;
+
+}  // namespace
+
+bool CreateTaskbarList() noexcept {
+    if (taskbarList) taskbarList->Release();
+    taskbarList =
+        static_cast<ITaskbarList*>(CreateObject(TaskbarListClass, CLSCTX_INPROC_SERVER, TaskbarListInterface));
+    if (taskbarList) taskbarList->HrInit();
+    return taskbarList != nullptr;
+}
+
+void AddTab(HWND window) noexcept {
+    if (taskbarList) taskbarList->AddTab(window);
+}
+
+void DeleteTab(HWND window) noexcept {
+    if (taskbarList) taskbarList->DeleteTab(window);
+}
+
+}  // namespace halyard

@@ -1,0 +1,134 @@
+// Wallpaper, style and colour go out and come back with their desktops, through the stand-in shell's object.
+#include "shell/record.h"
+#include "support/desktop_fixture.h"
+
+#include <memory>
+
+namespace halyard::test {
+
+namespace {
+
+constexpr char ActiveDesktopClass[] = "{75048700-EF1F-11D0-9888-006097DEACF9}";
+constexpr char ControlPanelKey[] = "Control Panel\\Desktop";
+
+struct Background {
+    std::string wallpaper;
+    DWORD style;
+};
+
+class BackgroundTest : public DesktopTest {
+protected:
+    void UseShellObject(const std::string& file) {
+        registration = std::make_unique<ClassRegistration>(ActiveDesktopClass, BinFolder() + file);
+    }
+
+    // As the user does in the control panel.
+    static void Choose(const Background& background) {
+        standin::WriteText("Wallpaper", background.wallpaper);
+        standin::WriteNumber(standin::WallpaperStyleValue, background.style);
+    }
+    static void Store(int desktop, const Background& background, COLORREF colour) {
+        WriteText(DesktopKey(desktop), "Wallpaper", background.wallpaper);
+        WriteNumber(DesktopKey(desktop), "WallpaperStyle", background.style);
+        WriteNumber(DesktopKey(desktop), "Colour", colour);
+    }
+    static testing::AssertionResult Shown(const Background& wanted) {
+        const std::string wallpaper = standin::ReadText("Wallpaper");
+        const DWORD style = standin::ReadNumber(standin::WallpaperStyleValue);
+        if (wallpaper == wanted.wallpaper && style == wanted.style) return testing::AssertionSuccess();
+        return testing::AssertionFailure() << "the shell shows \"" << wallpaper << "\", style " << style
+                                           << "; wanted \"" << wanted.wallpaper << "\", style " << wanted.style;
+    }
+    // In a fresh program, since running ones may keep a colour that they have asked for once.
+    COLORREF Colour() { return children.Run("\"" + BinFolder() + "sample_window.exe\" --colour").status; }
+
+private:
+    std::unique_ptr<ClassRegistration> registration;
+};
+
+const Background DefaultPicture = {"C:\\pictures\\default.bmp", 2};
+const Background OnePicture = {"C:\\pictures\\one.bmp", 1};
+constexpr COLORREF ColourOne = RGB(0x20, 0x40, 0x60);
+constexpr COLORREF ColourTwo = RGB(0x70, 0x10, 0x30);
+
+TEST_F(BackgroundTest, GoesWithItsDesktop) {
+    UseShellObject("standin_shell.dll");
+    const COLORREF defaultColour = Colour();
+    Choose(DefaultPicture);
+    Store(1, OnePicture, ColourOne);
+    Store(2, {}, ColourTwo);
+    StartLoader();
+    const Sample witness = OpenSample("Witness");
+    Assign(witness.window, published::AllDesktops);
+    const LRESULT changesBefore = Ask(witness.window, sample::CountMessage, WM_SETTINGCHANGE);
+
+    Switch(1);
+    EXPECT_TRUE(Shown(OnePicture));
+    EXPECT_EQ(Colour(), ColourOne);
+    EXPECT_EQ(Ask(witness.window, sample::CountMessage, WM_SETTINGCHANGE), changesBefore + 1);
+    EXPECT_EQ(standin::ReadText(standin::LogValue),
+              "New\nGetWallpaperOptions\nGetWallpaper 261\nGone\n"  // at the server's start
+              "New\nGetWallpaperOptions\nGetWallpaper 261\nGone\n"  // leaving
+              "New\nSetWallpaperOptions 1\nSetWallpaper C:\\pictures\\one.bmp\nApplyChanges 7\nGone\n");
+
+    // What the user chooses on a desktop stays with it.
+    const Background chosen = {"C:\\pictures\\chosen.bmp", 0};
+    Choose(chosen);
+    Switch(2);
+    EXPECT_TRUE(Shown({"", 0})) << "a desktop without wallpaper";
+    EXPECT_EQ(Colour(), ColourTwo);
+    EXPECT_EQ(TextOf(DesktopKey(1), "Wallpaper"), chosen.wallpaper);
+    EXPECT_EQ(NumberOr(DesktopKey(1), "WallpaperStyle", 99), chosen.style);
+    EXPECT_EQ(NumberOr(DesktopKey(1), "Colour", 99), ColourOne);
+    Switch(0);
+    EXPECT_TRUE(Shown(DefaultPicture));
+    EXPECT_EQ(Colour(), defaultColour);
+    Switch(1);
+    EXPECT_TRUE(Shown(chosen));
+
+    QuitLoader();
+    EXPECT_TRUE(Shown(DefaultPicture)) << "the end brings the default desktop's";
+    EXPECT_EQ(Colour(), defaultColour);
+    EXPECT_EQ(NumberOr(DesktopKey(0), "Colour", 99), 99u) << "the default desktop is not stored";
+}
+
+TEST_F(BackgroundTest, ThatTheShellConvertedIsLookedUpInTheRegistry) {
+    struct Case {
+        const char* reported;
+        const char* converted;
+        const char* stored;
+    };
+    constexpr Case Cases[] = {{"C:\\data\\Wallpaper1.bmp", "C:\\b.jpg", "C:\\b.jpg"},
+                              {"C:\\data\\Wallpaper1.bmp", nullptr, "C:\\a.bmp"},
+                              {"C:\\data\\other.bmp", "C:\\b.jpg", "C:\\data\\other.bmp"}};
+    UseShellObject("standin_shell.dll");
+    StartLoader();
+    WriteText(ControlPanelKey, "Wallpaper", "C:\\a.bmp");
+    for (const Case& test : Cases) {
+        Switch(1);
+        Choose({test.reported, 0});
+        DeleteValue(ControlPanelKey, "ConvertedWallpaper");
+        if (test.converted) WriteText(ControlPanelKey, "ConvertedWallpaper", test.converted);
+        Switch(0);
+        EXPECT_EQ(TextOf(DesktopKey(1), "Wallpaper"), test.stored) << "reported " << test.reported;
+    }
+}
+
+TEST_F(BackgroundTest, IsOnlyAColourWhereTheShellsObjectCantBeMade) {
+    UseShellObject("no_such_library.dll");
+    const COLORREF defaultColour = Colour();
+    Choose(DefaultPicture);
+    Store(1, OnePicture, ColourOne);
+    StartLoader();
+    Switch(1);
+    EXPECT_EQ(Colour(), ColourOne);
+    EXPECT_TRUE(Shown(DefaultPicture));
+    Switch(0);
+    EXPECT_EQ(Colour(), defaultColour);
+    EXPECT_EQ(TextOf(DesktopKey(1), "Wallpaper"), OnePicture.wallpaper) << "kept as it was";
+    EXPECT_EQ(standin::ReadText(standin::LogValue), "");
+}
+
+}  // namespace
+
+}  // namespace halyard::test

@@ -1,0 +1,148 @@
+// Windows of foreign processes come and go with their desktops.
+#include "support/desktop_fixture.h"
+
+#include <vector>
+
+namespace halyard::test {
+
+namespace {
+
+using WindowTest = DesktopTest;
+
+RECT PlaceOf(HWND window) {
+    RECT place = {};
+    GetWindowRect(window, &place);
+    return place;
+}
+
+TEST_F(WindowTest, ThatWereOpenBeforeTheHooksGoAndComeBack) {
+    const Sample notepad = OpenNotepad();
+    const Sample sample = OpenSample("Owner", "--at 1200,100,400,300");
+    const HWND shown = OpenPopup(sample, true);
+    const HWND unshown = OpenPopup(sample, false);
+    ASSERT_TRUE(BecomesVisible(notepad.window));
+    ASSERT_TRUE(BecomesVisible(shown));
+    const RECT place = PlaceOf(sample.window);
+    ASSERT_GE(place.left, GetSystemMetrics(SM_CXSCREEN)) << "the sample should be on the second display";
+    StartLoader();
+    ASSERT_TRUE(WindowsBecome(0, 2));
+
+    for (int round = 1; round <= 2; ++round) {
+        Switch(1);
+        for (HWND window : {notepad.window, sample.window, shown})
+            ASSERT_TRUE(BecomesHidden(window)) << "round " << round;
+        Switch(0);
+        for (HWND window : {notepad.window, sample.window, shown})
+            ASSERT_TRUE(BecomesVisible(window)) << "round " << round;
+        ASSERT_TRUE(StaysHidden(unshown)) << "round " << round;
+    }
+    const RECT after = PlaceOf(sample.window);
+    EXPECT_TRUE(EqualRect(&place, &after)) << "moved: " << Describe(sample.window);
+}
+
+TEST_F(WindowTest, ThatOpenUnderTheHooksMoveByMessage) {
+    StartLoader();
+    Switch(2);
+    const Sample moved = OpenSample("Moved");
+    const Sample everywhere = OpenSample("Everywhere");
+    ASSERT_TRUE(WindowsBecome(2, 2)) << "a window belongs to the desktop of its birth";
+
+    Assign(moved.window, 1);
+    EXPECT_TRUE(BecomesHidden(moved.window));
+    Assign(everywhere.window, published::AllDesktops);
+    for (int id : {1, 2, 0, 1}) {
+        Switch(id);
+        EXPECT_TRUE(StaysVisible(everywhere.window)) << "on desktop " << id;
+        EXPECT_TRUE(id == 1 ? BecomesVisible(moved.window) : BecomesHidden(moved.window)) << "on desktop " << id;
+    }
+    // An id that no desktop has stands for the default desktop.
+    Assign(moved.window, 77);
+    EXPECT_TRUE(BecomesHidden(moved.window));
+    EXPECT_TRUE(WindowsBecome(0, 1));
+    Switch(77);
+    EXPECT_EQ(Status("current desktop"), "1");
+}
+
+TEST_F(WindowTest, HiddenByTheirProgramStayHidden) {
+    StartLoader();
+    const Sample sample = OpenSample("Own mind");
+    const Sample unshown = OpenSample("Unshown", "--hidden");
+    ASSERT_TRUE(WindowsBecome(0, 1)) << "only what is to be seen counts";
+    Ask(sample.window, sample::ShowAs, SW_HIDE);
+    for (int id : {1, 0}) {
+        Switch(id);
+        EXPECT_TRUE(StaysHidden(sample.window)) << "on desktop " << id;
+        EXPECT_TRUE(StaysHidden(unshown.window)) << "on desktop " << id;
+    }
+}
+
+class HiddenWindowTest : public DesktopTest {
+protected:
+    // A window with a popup on the default desktop, one on the next, both left for the third.
+    void SetUp() override {
+        DesktopTest::SetUp();
+        StartLoader();
+        const Sample onDefault = OpenSample("On default");
+        ASSERT_TRUE(WindowsBecome(0, 1));
+        const HWND popup = OpenPopup(onDefault, true);
+        ASSERT_TRUE(BecomesVisible(popup));
+        Switch(1);
+        windows = {onDefault.window, popup, OpenSample("On one").window};
+        ASSERT_TRUE(WindowsBecome(1, 1));
+        Switch(2);
+        for (HWND window : windows)
+            ASSERT_TRUE(BecomesHidden(window));
+    }
+    std::vector<HWND> windows;
+};
+
+TEST_F(HiddenWindowTest, ComesBackWhenTheSystemIsTurnedOff) {
+    EXPECT_EQ(Loader("--disable").status, 0u);
+    for (HWND window : windows)
+        EXPECT_TRUE(BecomesVisible(window));
+    EXPECT_EQ(Status("current desktop"), "0");
+    EXPECT_EQ(Status("hooks"), "out");
+    EXPECT_EQ(WindowsOn(0) + WindowsOn(1) + WindowsOn(2), 0u);
+    EXPECT_EQ(NumberOr(published::ProductKey, "Run", 99), 0u);
+
+    EXPECT_EQ(Loader("--enable").status, 0u);
+    EXPECT_TRUE(WindowsBecome(0, 2)) << "reported again, all on the desktop that is current now";
+    EXPECT_EQ(NumberOr(published::ProductKey, "Run", 99), 1u);
+}
+
+TEST_F(HiddenWindowTest, ComesBackWithTheServerAfterAKilledOne) {
+    loader->Kill();
+    ASSERT_TRUE(Eventually([] { return !Server(); }));
+    StartLoader();
+    EXPECT_EQ(Status("current desktop"), "0");
+    for (HWND window : windows)
+        EXPECT_TRUE(BecomesVisible(window));
+    EXPECT_TRUE(WindowsBecome(0, 2)) << "reported again";
+    windows.push_back(OpenSample("Later").window);
+    EXPECT_TRUE(WindowsBecome(0, 3)) << "the new hooks are in";
+    Switch(1);
+    for (HWND window : windows)
+        EXPECT_TRUE(BecomesHidden(window));
+}
+
+TEST_F(WindowTest, OfADesktopThatWasRemovedFromTheRegistry) {
+    StartLoader();
+    const Sample sample = OpenSample("Homeless");
+    ASSERT_TRUE(WindowsBecome(0, 1));
+    Switch(2);
+    ASSERT_TRUE(BecomesHidden(sample.window));
+    Switch(0);
+    DeleteKey(DesktopKey(2));
+    PostMessageA(HWND_BROADCAST, RegisterWindowMessageA(published::SettingBroadcast), 2, 0);
+    ASSERT_TRUE(Eventually([&] { return Loader("--status").out.find("desktop 2:") == std::string::npos; }));
+
+    Switch(2);
+    EXPECT_EQ(Status("current desktop"), "0");
+    Assign(sample.window, 2);
+    EXPECT_TRUE(StaysVisible(sample.window));
+    EXPECT_EQ(WindowsOn(0), 1u);
+}
+
+}  // namespace
+
+}  // namespace halyard::test

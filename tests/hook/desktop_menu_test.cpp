@@ -1,0 +1,56 @@
+// The item in the context menu of the shell's desktop, with a stand-in for the shell's window and real input.
+#include "support/desktop_fixture.h"
+
+namespace halyard::test {
+
+namespace {
+
+constexpr POINT MenuPlace = {300, 200};
+constexpr char MenuClass[] = "#32768";
+constexpr char SheetTitle[] = "Tevral Ombrel Windows Manager";
+
+void Click(POINT place) {
+    SetCursorPos(place.x, place.y);
+    INPUT inputs[3] = {};
+    constexpr DWORD Steps[] = {MOUSEEVENTF_MOVE, MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP};
+    for (int index = 0; index < 3; ++index) {
+        inputs[index].type = INPUT_MOUSE;
+        inputs[index].mi.dwFlags = Steps[index];
+    }
+    SendInput(3, inputs, sizeof(INPUT));
+}
+
+class DesktopMenuTest : public DesktopTest {
+protected:
+    void OpenMenu() {
+        PostMessageA(view, sample::OpenMenu, 0, MAKELPARAM(MenuPlace.x, MenuPlace.y));
+        ASSERT_TRUE(Eventually([&] { return ItemPlace() != 0; })) << "the menu doesn't open";
+    }
+    LRESULT ItemPlace() const { return Ask(view, sample::MenuItemPlace, published::DesktopMenuItem); }
+    HWND Sheet() const { return WindowOf(loader->Id(), SheetTitle); }
+    HWND view = nullptr;
+};
+
+TEST_F(DesktopMenuTest, HasOneItemThatOpensTheSettings) {
+    // The library looks for the shell's windows when it comes into the shell's process.
+    const Sample shell = OpenProgram(BinFolder() + "sample_explorer.exe", {}, "Progman");
+    ASSERT_TRUE(Eventually(
+        [&] { return (view = FindWindowExA(shell.window, nullptr, "SHELLDLL_DefView", nullptr)) != nullptr; }));
+    StartLoader();
+    OpenMenu();
+    Click({MenuPlace.x + 12, MenuPlace.y + 10});
+    ASSERT_TRUE(Eventually([&] { return Ask(view, sample::CountMessage, WM_COMMAND) == 1; })) << "the shell's own item";
+    ASSERT_TRUE(Eventually([] { return !FindWindowA(MenuClass, nullptr); }));
+
+    OpenMenu();
+    EXPECT_EQ(Ask(view, sample::CountMenuItem, published::DesktopMenuItem), 1) << "opened twice";
+    EXPECT_EQ(Ask(view, sample::MenuItemBefore, published::DesktopMenuItem), MFT_SEPARATOR);
+    EXPECT_EQ(Sheet(), nullptr) << "for the shell's own item: " << Describe(Sheet());
+    const LRESULT place = ItemPlace();
+    Click({LOWORD(place), HIWORD(place)});
+    EXPECT_TRUE(Eventually([&] { return Sheet() && IsWindowVisible(Sheet()); }));
+}
+
+}  // namespace
+
+}  // namespace halyard::test

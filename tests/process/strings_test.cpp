@@ -1,0 +1,73 @@
+// The texts that the user sees, the brand that chooses among them, and the system's version.
+#include "process/strings.h"
+#include "support/store_fixture.h"
+
+namespace halyard::test {
+namespace {
+
+TEST_F(StoreTest, TextsAreThoseOfTheTable) {
+    struct {
+        unsigned id;
+        const char* text;  // null: none
+    } const cases[] = {
+        {2001, "Tevral Ombrel Windows Manager"},
+        {2002, "Quillane Ombrel Windows Manager by Tevral"},
+        {2025, "There is no help topic for this item."},
+        {2065, "F24"},
+        {2093, "Tevral Properties"},
+        {2000, ""},
+        {2024, ""},
+        {1999, nullptr},
+        {3000, nullptr},
+        {0xFFFFFFFF, nullptr},
+    };
+    for (const auto& [id, text] : cases) {
+        EXPECT_STREQ(text, LookupString(id)) << id;
+        EXPECT_STREQ(text ? text : "", LookupText(id).Text()) << id;
+        EXPECT_STREQ(text, LoadStringForLanguage(0x409, id));
+        EXPECT_EQ(nullptr, LoadStringForLanguage(0x407, id)) << "in German";
+    }
+    EXPECT_FALSE(IsAlternativeBrand());
+    profile.moduleInstance = GetModuleHandleA("kernel32.dll");
+    EXPECT_EQ(nullptr, LookupString(2001)) << "a module without them";
+}
+
+// Each of these runs on a system of its own, where the others would fail.
+class SystemVersion : public StoreTest {
+protected:
+    void Expect(bool ntFamily, bool windows2000) {
+        ReadSystemVersion(profile);
+        EXPECT_EQ(ntFamily, profile.isNtFamily);
+        EXPECT_EQ(windows2000, profile.isWindows2000);
+        EXPECT_FALSE(IsAlternativeBrand()) << "another way to the driver";
+    }
+};
+
+TEST_F(SystemVersion, Current) {
+    Expect(true, false);
+    EXPECT_TRUE(profile.enumDisplayMonitors && profile.getMonitorInfo && profile.monitorFromWindow &&
+                profile.monitorFromRect);
+}
+
+TEST_F(SystemVersion, Windows_win2k) {
+    Expect(true, true);
+}
+
+TEST_F(SystemVersion, Windows_winxp) {
+    Expect(true, false);
+}
+
+TEST_F(SystemVersion, Windows_win98) {
+    Expect(false, false);
+    MakeKey(HKEY_LOCAL_MACHINE, ProductPath());
+    StoreDword(HKEY_CURRENT_USER, ProductPath(), "DragTrans", 1);
+    StoreDword(HKEY_CURRENT_USER, ProductPath(), "CtrlMax", 2);
+    settings.Load();
+    EXPECT_EQ(HKEY_CURRENT_USER, ChosenHive());
+    EXPECT_EQ(2u, settings.CtrlMax());
+    EXPECT_FALSE(settings.DragTrans());
+    EXPECT_TRUE(CanChangeSettings());
+}
+
+}  // namespace
+}  // namespace halyard::test

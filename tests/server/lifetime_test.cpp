@@ -1,0 +1,98 @@
+// The loader: its first start, its switches, the ways in which it ends.
+#include "shell/record.h"
+#include "support/desktop_fixture.h"
+
+namespace halyard::test {
+
+namespace {
+
+using FirstRunTest = DesktopTest;
+using LoaderTest = DesktopTest;
+
+TEST_F(FirstRunTest, StartsTheWizardOnce) {
+    folder = ScratchFolder();
+    CopyTo(folder, "tvlhload.exe", "tvlhload.exe");
+    CopyTo(folder, "tvlHalyd.dll", "tvlHalyd.dll");
+    WriteNumber(published::ProductKey, "RunWizard", 0);
+
+    StartLoader();
+    EXPECT_EQ(NumberOr(published::ProductKey, "RunWizard", 99), 0u) << "without a wizard it is still due";
+    EXPECT_EQ(Status("hooks"), "in");
+    QuitLoader();
+
+    CopyTo(folder, "sample_wizard.exe", "tvlhlwiz.exe");
+    StartLoader();
+    ASSERT_TRUE(Eventually([] { return standin::ReadNumber(standin::WizardRunsValue) == 1; }));
+    EXPECT_EQ(standin::ReadText(standin::WizardCommandLineValue), folder + "tvlhlwiz.exe /halyard");
+    EXPECT_EQ(NumberOr(published::ProductKey, "RunWizard", 99), 1u);
+    QuitLoader();
+
+    StartLoader();
+    QuitLoader();
+    ASSERT_TRUE(Eventually([&] { return children.CountRunning() == 0; }));
+    EXPECT_EQ(standin::ReadNumber(standin::WizardRunsValue), 1u);
+}
+
+TEST_F(LoaderTest, RefusesWhatItCantDo) {
+    for (const char* switches : {"--status", "--quit"}) {
+        const Output output = Loader(switches);
+        EXPECT_EQ(output.status, 1u) << switches;
+        EXPECT_EQ(output.out, "Halyard isn't running\n") << switches;
+    }
+    StartLoader();
+    for (const char* switches : {"--frobnicate", "--switch", "--switch one", "--status --quit --wrong"}) {
+        const Output output = Loader(switches);
+        EXPECT_EQ(output.status, 2u) << switches;
+        EXPECT_EQ(output.error.rfind("usage: tvlhload", 0), 0u) << switches << " printed: " << output.error;
+        EXPECT_EQ(output.out, "") << switches;
+    }
+    EXPECT_FALSE(loader->Ends(0)) << "none of a wrong line's switches is carried out";
+}
+
+TEST_F(LoaderTest, HandsItsSwitchesToTheResident) {
+    StartLoader();
+    const Sample sample = OpenSample("Told");
+    ASSERT_TRUE(WindowsBecome(0, 1));
+    EXPECT_EQ(Loader("--switch 2 --status").out,
+              "enabled: yes\nhooks: in\ncurrent desktop: 2\ndesktop 0: \"Default\", 1 window\n"
+              "desktop 1: \"One\", 0 windows\ndesktop 2: \"Two\", 0 windows\nall desktops: 0 windows\n");
+    EXPECT_TRUE(BecomesHidden(sample.window));
+    EXPECT_EQ(Loader("").status, 0u) << "a second start hands over nothing and ends";
+
+    EXPECT_EQ(Loader("--disable --switch 1").out, "Halyard is turned off: no switch\n");
+    EXPECT_EQ(Status("current desktop"), "0");
+    EXPECT_EQ(Loader("--enable --switch 1").status, 0u);
+    EXPECT_EQ(Status("current desktop"), "1");
+
+    EXPECT_EQ(Loader("--quit").status, 0u);
+    ASSERT_TRUE(loader->Ends(WaitLimit));
+    EXPECT_EQ(loader->ExitStatus(), 0u);
+    EXPECT_TRUE(BecomesVisible(sample.window));
+    EXPECT_EQ(NumberOr(published::ProductKey, "Run", 99), 1u) << "the next start enables the system again";
+}
+
+// Only the owner of the mutex is resident: others have it open for as long as they hand over their switches.
+TEST_F(LoaderTest, StartsBesideOneThatHandsOver) {
+    const HANDLE open = CreateMutexA(nullptr, FALSE, published::LoaderMutex);
+    StartLoader();
+    EXPECT_FALSE(loader->Ends(0));
+    CloseHandle(open);
+}
+
+TEST_F(LoaderTest, EndsWithTheSession) {
+    StartLoader();
+    const Sample sample = OpenSample("Hidden");
+    ASSERT_TRUE(WindowsBecome(0, 1));
+    Switch(1);
+    ASSERT_TRUE(BecomesHidden(sample.window));
+    const HWND window = FindWindowA(published::LoaderClass, nullptr);
+    Ask(window, WM_ENDSESSION, FALSE);
+    EXPECT_NE(Server(), nullptr) << "a session that goes on";
+    Ask(window, WM_ENDSESSION, TRUE);
+    EXPECT_EQ(Server(), nullptr);
+    EXPECT_TRUE(BecomesVisible(sample.window));
+}
+
+}  // namespace
+
+}  // namespace halyard::test

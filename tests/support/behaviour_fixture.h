@@ -1,0 +1,37 @@
+// One test of what the behaviours do to windows of foreign programs.
+#pragma once
+
+#include "programs/frame_protocol.h"
+#include "support/arrangement.h"
+#include "support/desktop_fixture.h"
+#include "support/input.h"
+
+namespace halyard::test {
+
+// Presets beside those of `DesktopTest`: two displays side by side, all behaviours off but the menu extension, the
+// cursor out of the way, windows that are dragged with their contents.
+class BehaviourTest : public DesktopTest {
+protected:
+    void SetUp() override;
+    void TearDown() override;
+
+    // A value of the configuration, before the programs that are to read it start.
+    static void Set(const char* value, DWORD number) { WriteNumber(published::ProductKey, value, number); }
+    // Has all running programs read the configuration, and waits for the sample to have done so.
+    static void TellSettings(const Sample& witness);
+    static void SetFullDrag(bool on);
+
+    // Opens `sample_frame`, the original or a copy under another name, and waits until the server knows its windows.
+    Sample OpenFrame(const std::string& title, const std::string& switches = {});
+    Sample OpenFrameAs(const std::string& name, const std::string& title, const std::string& switches = {});
+    Sample OpenFrameFrom(const std::string& file, const std::string& title, const std::string& switches = {});
+
+    static HWND OpenDialog(const Sample& frame, frame::Owner owner, POINT place);
+    // What the program has written in answer to a message.
+    static std::string ReportOf(const Sample& frame, UINT message);
+
+    // Ends the program as its user does, and waits for its end.
+    static void Close(const Sample& sample);
+};
+
+}  // namespace halyard::test

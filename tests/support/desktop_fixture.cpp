@@ -1,0 +1,144 @@
+#include "support/desktop_fixture.h"
+
+#include "process/protocol.h"
+#include "shell/record.h"
+#include "support/picture.h"
+
+#include <cstdio>
+
+namespace halyard::test {
+
+std::string BinFolder() {
+    char path[MAX_PATH] = {};
+    GetModuleFileNameA(nullptr, path, sizeof(path) - 1);
+    const std::string whole = path;
+    return whole.substr(0, whole.rfind('\\') + 1);
+}
+
+void DesktopTest::SetUp() {
+    // Wine starts its desktop's process at this call or at some child's, and it would end with that child's job.
+    GetDesktopWindow();
+    ASSERT_EQ(Server(), nullptr) << "a server runs already: " << Describe(Server());
+    DeleteKey(published::ProductKey);
+    DeleteKey(standin::StandInKey);
+    WriteNumber(published::ProductKey, "Run", 1);
+    WriteNumber(published::ProductKey, "RunWizard", 1);
+    WriteNumber(published::ProductKey, "MultiDesk", 1);
+    WriteText(DesktopKey(1), nullptr, "One");
+    WriteText(DesktopKey(2), nullptr, "Two");
+    folder = BinFolder();
+}
+
+void DesktopTest::TearDown() {
+    if (HasFailure()) ShowFailure();
+    QuitLoader();
+    children.EndAll();
+    EXPECT_TRUE(Eventually([] { return !Server(); })) << "the server was left behind: " << Describe(Server());
+}
+
+void DesktopTest::ShowFailure() {
+    std::printf("The desktop at the end of the test:\n");
+    for (HWND window : TopLevelWindows())
+        std::printf("  %s\n", Describe(window).c_str());
+    if (Server()) std::printf("%s", Loader("--status").out.c_str());
+    const testing::TestInfo* test = testing::UnitTest::GetInstance()->current_test_info();
+    const std::string picture = SavePicture(std::string(test->test_suite_name()) + "." + test->name());
+    std::printf("Picture: %s\n", picture.empty() ? "could not be saved" : picture.c_str());
+}
+
+void DesktopTest::StartLoader() {
+    loader = children.Start("\"" + folder + "tvlhload.exe\"");
+    ASSERT_NE(loader, nullptr) << folder << "tvlhload.exe can't be started: " << GetLastError();
+    ASSERT_TRUE(Eventually([] { return FindWindowA(published::LoaderClass, nullptr) != nullptr; }))
+        << "the loader isn't resident; server: " << Describe(Server());
+    ASSERT_NE(Server(), nullptr);
+}
+
+Output DesktopTest::Loader(const std::string& switches) {
+    return children.Run("\"" + folder + "tvlhload.exe\" " + switches);
+}
+
+void DesktopTest::QuitLoader() {
+    const HWND window = FindWindowA(published::LoaderClass, nullptr);
+    if (!window) return;
+    PostMessageA(window, WM_CLOSE, 0, 0);
+    const bool ended = !loader || loader->Ends(WaitLimit);
+    EXPECT_TRUE(ended) << "the loader doesn't end";
+}
+
+Sample DesktopTest::OpenProgram(const std::string& file, const std::string& switches, const std::string& title) {
+    Sample sample;
+    sample.program = children.Start("\"" + file + "\" " + switches);
+    EXPECT_NE(sample.program, nullptr) << file << " can't be started: " << GetLastError();
+    if (!sample.program) return sample;
+    EXPECT_TRUE(Eventually([&] {
+        sample.window = WindowOf(sample.program->Id(), title);
+        return sample.window != nullptr;
+    })) << file
+        << " shows no window \"" << title << "\"";
+    return sample;
+}
+
+Sample DesktopTest::OpenSample(const std::string& title, const std::string& switches) {
+    return OpenProgram(BinFolder() + "sample_window.exe", "--title \"" + title + "\" " + switches, title);
+}
+
+Sample DesktopTest::OpenNotepad() {
+    // The one of this program's bitness; the one in the folder above isn't.
+    char system[MAX_PATH] = {};
+    GetSystemDirectoryA(system, sizeof(system));
+    return OpenProgram(std::string(system) + "\\notepad.exe", {}, "Untitled - Notepad");
+}
+
+HWND DesktopTest::OpenPopup(const Sample& sample, bool visible) {
+    const LRESULT popup = Ask(sample.window, sample::OpenPopup, visible);
+    return reinterpret_cast<HWND>(static_cast<LONG_PTR>(popup));
+}
+
+std::string DesktopTest::ScratchFolder() {
+    char temporary[MAX_PATH] = {};
+    GetTempPathA(sizeof(temporary), temporary);
+    const testing::TestInfo* test = testing::UnitTest::GetInstance()->current_test_info();
+    const std::string own = std::string(temporary) + test->name() + std::to_string(GetTickCount());
+    EXPECT_TRUE(CreateDirectoryA(own.c_str(), nullptr)) << own << ": " << GetLastError();
+    return own + "\\";
+}
+
+std::string DesktopTest::CopyTo(const std::string& targetFolder, const std::string& file, const std::string& name) {
+    const std::string target = targetFolder + name;
+    EXPECT_TRUE(CopyFileA((BinFolder() + file).c_str(), target.c_str(), FALSE)) << target << ": " << GetLastError();
+    return target;
+}
+
+LRESULT DesktopTest::AskServer(UINT message, WPARAM wParam, LPARAM lParam) {
+    return Ask(Server(), message, wParam, lParam);
+}
+
+void DesktopTest::Assign(HWND window, int id) {
+    AskServer(published::WindowAttach, reinterpret_cast<WPARAM>(window), id);
+}
+
+unsigned DesktopTest::WindowsOn(int desktop) {
+    return static_cast<unsigned>(AskServer(HM_COUNT_WINDOWS, 0, desktop));
+}
+
+testing::AssertionResult DesktopTest::WindowsBecome(int desktop, unsigned count) {
+    unsigned seen = 0;
+    const bool good = Eventually([&] {
+        seen = WindowsOn(desktop);
+        return seen == count;
+    });
+    if (good) return testing::AssertionSuccess();
+    return testing::AssertionFailure() << "desktop " << desktop << " has " << seen << " windows, not " << count;
+}
+
+std::string DesktopTest::Status(const std::string& name) {
+    const std::string text = "\n" + Loader("--status").out;
+    const std::string start = "\n" + name + ": ";
+    const std::size_t found = text.find(start);
+    if (found == std::string::npos) return "no \"" + name + "\" in" + text;
+    const std::size_t value = found + start.size();
+    return text.substr(value, text.find('\n', value) - value);
+}
+
+}  // namespace halyard::test

@@ -1,0 +1,65 @@
+// One test of the built system: a desktop with the loader, sample programs, presets, and nothing left of them behind.
+#pragma once
+
+#include "programs/sample_protocol.h"
+#include "support/children.h"
+#include "support/published.h"
+#include "support/registry.h"
+#include "support/windows_seen.h"
+
+namespace halyard::test {
+
+// Where this program and all that it tests lie, with a backslash behind.
+std::string BinFolder();
+
+struct Sample {
+    const Child* program = nullptr;
+    HWND window = nullptr;
+};
+
+// Presets: the system on, virtual desktops on, the wizard done, desktops 1 "One" and 2 "Two". A failed test leaves a
+// picture and a list of windows.
+class DesktopTest : public testing::Test {
+protected:
+    void SetUp() override;
+    void TearDown() override;
+
+    // Starts the loader and waits until it is resident, with the hooks in if the presets say so.
+    void StartLoader();
+    // Runs the loader with switches, to its end.
+    Output Loader(const std::string& switches);
+    // Ends it as the user would.
+    void QuitLoader();
+    const Child* loader = nullptr;
+    std::string folder;  // of the loader that is used, with a backslash behind
+
+    // Starts a program of `file` and waits for its window with that title.
+    Sample OpenProgram(const std::string& file, const std::string& switches, const std::string& title);
+    Sample OpenSample(const std::string& title, const std::string& switches = {});
+    Sample OpenNotepad();
+    // Two of its popups, one shown and one not.
+    static HWND OpenPopup(const Sample& sample, bool visible);
+
+    // A folder of this test's own, with a backslash behind.
+    std::string ScratchFolder();
+    // Copies a file of the bin folder; returns the copy's path.
+    std::string CopyTo(const std::string& targetFolder, const std::string& file, const std::string& name);
+
+    static HWND Server() { return FindWindowA(published::ServerClass, nullptr); }
+    // Waits for the server's answer.
+    static LRESULT AskServer(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
+    static void Switch(int id) { AskServer(published::SwitchDesktop, 0, id); }
+    static void Assign(HWND window, int id);
+    // How many windows the server has on the desktop.
+    static testing::AssertionResult WindowsBecome(int desktop, unsigned count);
+    static unsigned WindowsOn(int desktop);
+    // What the loader's status says behind "NAME: ".
+    std::string Status(const std::string& name);
+
+    Children children;
+
+private:
+    void ShowFailure();
+};
+
+}  // namespace halyard::test
