@@ -12,6 +12,9 @@ if(WIN32)
     # The library has no C++ runtime beside it: statics of functions are built at file scope or on one thread.
     target_compile_options(halyard_flags INTERFACE -ffunction-sections -fdata-sections -fno-threadsafe-statics)
     target_link_options(halyard_flags INTERFACE -static -Wl,--gc-sections)
+    # The same bytes from the same sources, whenever and wherever they are built.
+    target_compile_options(halyard_flags INTERFACE -ffile-prefix-map=${CMAKE_SOURCE_DIR}=.)
+    target_link_options(halyard_flags INTERFACE -Wl,--no-insert-timestamp)
     # Nothing is ever thrown. A crash report walks 32-bit stacks by their frame pointers; unwind tables would serve nobody
     # there and be a sixth of the library.
     if(CMAKE_SIZEOF_VOID_P EQUAL 4)

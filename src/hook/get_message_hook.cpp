@@ -5,6 +5,7 @@
 #include "hook/thread_table.h"
 #include "process/profile.h"
 #include "process/shared_section.h"
+#include "settings/settings.h"
 
 namespace halyard {
 
@@ -124,6 +125,8 @@ void OnSettingsChanged(HWND window, WPARAM kind) noexcept {
     if (!tracked) return;
     if (kind == static_cast<WPARAM>(SettingKind::Settings)) ReloadSettings();
     if (kind == static_cast<WPARAM>(SettingKind::Desktops)) ReloadDesktops();
+    // Without desktops every window is on the default one, whatever was chosen for it before.
+    if (!settings.MultiDesk()) tracked->ForgetDesktop();
     RemoveMenuExtension(*tracked);
     AddMenuExtension(*tracked);
 }
