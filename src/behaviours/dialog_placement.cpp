@@ -72,8 +72,8 @@ void PlaceDialog(TrackedWindow& tracked) noexcept {
     SetWindowPos(dialog, nullptr, rect.left, rect.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
     SetWindowProc(dialog, old);
     RemovePropA(dialog, OldProcProperty);
-    // The first doesn't repaint a moved dialog. The second is moved in the middle of its first painting, and the rest of
-    // that painting is lost.
+    // The first doesn't repaint a moved dialog. The second is moved in the middle of its first painting, and the rest
+    // of that painting is lost.
     if (profile.program.winproj || profile.program.corelpp) InvalidateRect(dialog, nullptr, TRUE);
 }
 

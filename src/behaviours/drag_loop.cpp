@@ -42,7 +42,8 @@ LRESULT OnNcDestroy(HWND window, WPARAM wParam, LPARAM lParam) noexcept {
 }
 
 // True: `proposed` was docked, and the program doesn't see the message. Wine counts its next proposal from where the
-// last step put the window, so that after a docked step its proposals are off: from then on our own count replaces them.
+// last step put the window, so that after a docked step its proposals are off: from then on our own count replaces
+// them.
 bool Dock(RECT& proposed) noexcept {
     if (!settings.EffectiveAutodock()) return false;
     POINT cursor = dragLoop.cursor;

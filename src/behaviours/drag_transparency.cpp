@@ -27,7 +27,12 @@ bool BindLayered() noexcept {
 // once it was given some, the program's own drawing would fail. Nor can a system be asked that lacks the entry.
 bool SaveLayer(DragLoop& loop) noexcept {
     auto& layer = loop.savedLayer;
-    return getLayeredAttributes && getLayeredAttributes(loop.window, &layer.key, &layer.alpha, &layer.flags);
+    if (!getLayeredAttributes || !getLayeredAttributes(loop.window, &layer.key, &layer.alpha, &layer.flags))
+        return false;
+    // A window with a colour key only is solid, whatever number the platform has for its opacity.
+    if (!(layer.flags & LWA_ALPHA)) layer.alpha = 255;
+    layer.flags |= LWA_ALPHA;
+    return true;
 }
 
 }  // namespace
@@ -43,7 +48,7 @@ void BeginTransparency(DragLoop& loop) noexcept {
         return;
     loop.transparencyOn = true;
     setLayeredAttributes(loop.window, loop.savedLayer.key, DragAlpha(settings.DragTransPerCent()),
-                         (loop.savedLayer.flags & LWA_COLORKEY) | LWA_ALPHA);
+                         loop.savedLayer.flags | LWA_ALPHA);
 }
 
 void EndTransparency(DragLoop& loop) noexcept {

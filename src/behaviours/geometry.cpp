@@ -62,7 +62,8 @@ RECT Followed(const RECT& before, POINT from, POINT to, const RECT& proposed) no
     const LONG top = before.top + to.y - from.y;
     const LONG grip = from.x - before.left;
     // The cursor keeps its share of the caption.
-    if (width < WidthOf(before) && grip >= width) left = to.x - static_cast<LONG>(std::int64_t{grip} * width / WidthOf(before));
+    if (width < WidthOf(before) && grip >= width)
+        left = to.x - static_cast<LONG>(std::int64_t{grip} * width / WidthOf(before));
     return {left, top, left + width, top + HeightOf(proposed)};
 }
 
