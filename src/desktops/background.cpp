@@ -1,14 +1,14 @@
 #include "desktops/background.h"
 
 #include "common/wide_text_buffer.h"
-#include "desktops/announcer.h"
+#include "desktops/background_notifier.h"
 #include "desktops/window_desktop_map.h"
 #include "process/com.h"
 #include "process/profile.h"
 #include "settings/registry_key.h"
 
 #include <cwchar>
-// The shell's header declares the interface only behind this one.
+// shlobj.h declares IActiveDesktop only if wininet.h was included before it.
 #include <wininet.h>
 
 #include <shlobj.h>
@@ -43,10 +43,10 @@ WALLPAPEROPT OptionsOf(const Desktop& desktop) noexcept {
     return {sizeof(WALLPAPEROPT), desktop.wallpaperStyle};
 }
 
-// The shell shows a picture that it had to convert as a copy of its own; the user's file stands in the registry.
+// When the shell had to convert a picture, it reports its own copy. The file that the user chose is in the registry.
 void ReadConvertedWallpaper(TextBuffer& wallpaper) noexcept {
     RegistryKey key;
-    key.Open(HKEY_CURRENT_USER, "Control Panel\\Desktop", KEY_ALL_ACCESS);
+    key.Open(HKEY_CURRENT_USER, "Control Panel\\Desktop", KEY_READ);
     wallpaper = key.ReadString("Wallpaper").Text();
     bool read = false;
     const TextBuffer source = key.ReadString("ConvertedWallpaper", &read);
@@ -75,7 +75,7 @@ void CaptureBackground(Desktop& desktop) noexcept {
 void ApplyBackground(const Desktop& desktop) noexcept {
     if (!profile.isServerProcess) return;
     windowDesktopMap.SweepAll();
-    AnnounceColour(desktop.colour);
+    ChangeBackgroundColour(desktop.colour);
     {
         const ActiveDesktop shell;
         if (!shell) return;
@@ -84,7 +84,7 @@ void ApplyBackground(const Desktop& desktop) noexcept {
         shell->SetWallpaper(WideTextBuffer(desktop.wallpaper.Text()).Text(), 0);
         shell->ApplyChanges(AD_APPLY_ALL);
     }
-    AnnounceSettings();
+    NotifyBackgroundChange();
 }
 
 }  // namespace halyard

@@ -1,5 +1,11 @@
 #include "desktops/desktop_list.h"
 
+#include "desktops/desktop_rules.h"
+#include "desktops/desktop_storage.h"
+#include "process/strings.h"
+#include "settings/registry_key.h"
+#include "settings/store.h"
+
 #include <new>
 
 namespace halyard {
@@ -83,7 +89,7 @@ void DesktopList::StoreBackground(const Desktop& desktop) noexcept {
 
 DesktopId DesktopList::NextFreeId() noexcept {
     const Guard guard(lock.Section());
-    // The keys ascend, so that the first gap above 0 is met in order.
+    // The keys ascend, so the first number above 0 that no key has is found in one pass.
     DesktopId candidate = 1;
     for (const auto& entry : records)
         if (entry.key == candidate) ++candidate;
@@ -95,6 +101,41 @@ void DesktopList::RemoveAllButDefault() noexcept {
         delete records.At(records.Count() - 1).value;
         records.RemoveAt(records.Count() - 1);
     }
+}
+
+void DesktopList::Load() noexcept {
+    RegistryKey desktops;
+    OpenDesktopsKey(desktops);
+    const TextBuffer defaultName = LookupText(IDS_DEFAULT_DESKTOP_NAME);
+
+    const Guard guard(lock.Section());
+    Insert(DefaultDesktopId, defaultName.Text());
+    RemoveAllButDefault();
+    char name[261];
+    for (DWORD index = 0; records.Count() < MaxDesktops && desktops && desktops.SubkeyName(index, name); ++index) {
+        const DesktopId id = DesktopIdOfKey(name);
+        if (id == DefaultDesktopId) continue;
+        RegistryKey stored;
+        if (!stored.Open(desktops.get(), name, KEY_READ)) return;
+        if (Desktop* desktop = Insert(id, nullptr)) ReadDesktop(stored, *desktop);
+    }
+}
+
+void DesktopList::Save() noexcept {
+    RegistryKey desktops;
+    OpenDesktopsKey(desktops);
+    desktops.DeleteContents();
+    const Guard guard(lock.Section());
+    for (const auto& entry : records)
+        SaveDesktop(*entry.value, desktops);
+}
+
+void DesktopList::SaveDesktop(const Desktop& desktop, const RegistryKey& desktops) noexcept {
+    if (desktop.id == DefaultDesktopId) return;
+    char name[16];
+    wsprintfA(name, "%d", static_cast<int>(desktop.id));
+    RegistryKey key;
+    if (key.Create(desktops.get(), name)) WriteDesktop(key, desktop);
 }
 
 }  // namespace halyard

@@ -9,6 +9,9 @@ namespace halyard {
 
 class RegistryKey;
 
+// A list longer than this is damage, and would keep every program busy that reads it.
+inline constexpr unsigned MaxDesktops = 1000;
+
 // One per process, in order of id, the default desktop first. The registry carries the list from process to process;
 // `Load` brings this copy in line. The list owns its records.
 //
@@ -44,7 +47,8 @@ public:
 
     DesktopId NextFreeId() noexcept;  // the lowest number above 0 that isn't used
 
-    // Brings all records but the default desktop's in line with the registry.
+    // Brings all records but the default desktop's in line with the registry; desktops beyond `MaxDesktops` are left
+    // out.
     void Load() noexcept;
     // Rewrites the whole stored list.
     void Save() noexcept;

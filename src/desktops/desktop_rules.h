@@ -3,8 +3,8 @@
 
 namespace halyard {
 
-// Id that a subkey of the stored desktops stands for; 0 for a name that isn't the plain decimal form of a number above
-// 0 and below 0x40000000, the bit that marks a desktop's hotkey action.
+// The desktop id that the name of a stored subkey gives; 0 for a name that isn't the plain decimal form of a number
+// above 0 and below 0x40000000. That bit marks hotkey actions of desktops, so no id may have it.
 unsigned DesktopIdOfKey(const char* name) noexcept;
 
 // What a sweep does with one window.
@@ -14,7 +14,7 @@ enum class SweepAction { Nothing, Hide, Show };
 // shows while its desktop isn't current is hidden again.
 SweepAction DecideSweep(bool visible, unsigned desktopId, bool hidden, unsigned currentId) noexcept;
 
-// Position behind (`step` 1) or ahead (`step` -1) of `position` in a list of `count`, round both ends.
+// The position after (`step` 1) or before (`step` -1) `position` in a list of `count`; the ends are joined.
 constexpr unsigned Neighbour(unsigned position, unsigned count, int step) noexcept {
     return (position + count + static_cast<unsigned>(step)) % count;
 }

@@ -18,24 +18,31 @@ namespace halyard {
 
 namespace {
 
-// What the platform is asked during a switch can bring the next request before this one is done; it waits its turn.
+// A switch waits for answers of the platform and lets sent messages in meanwhile, so that the next request can arrive
+// before this one is done. It is kept, and carried out after it; the latest one wins.
 bool switching = false;
 bool anotherRequested = false;
 DesktopId requestedId = DefaultDesktopId;
 
-// Works on copies: a list that is loaded anew meanwhile takes its records along.
+void StoreOutgoing(Desktop& outgoing) noexcept {
+    CaptureBackground(outgoing);
+    desktopList.StoreBackground(outgoing);
+    RegistryKey desktops;
+    OpenDesktopsKey(desktops);
+    DesktopList::SaveDesktop(outgoing, desktops);
+}
+
+// Works on copies: messages that are let in on the way may load the list anew, which frees its records.
 void Switch(DesktopId id) noexcept {
     assert(OnServerThread());
     const DesktopId current = CurrentDesktopId();
     if (id == current) return;
     if (const Desktop* found = desktopList.Find(current)) {
         Desktop outgoing = *found;
-        CaptureBackground(outgoing);
-        desktopList.StoreBackground(outgoing);
-        RegistryKey desktops;
-        OpenDesktopsKey(desktops);
-        DesktopList::SaveDesktop(outgoing, desktops);
-        if (current == DefaultDesktopId) KeepDefaultBackground(outgoing);
+        StoreOutgoing(outgoing);
+        // Not for a desktop that doesn't exist: the background kept then would be given back at the next start, over
+        // one that the user has chosen since.
+        if (current == DefaultDesktopId && desktopList.Has(id)) KeepDefaultBackground(outgoing);
     }
     const Desktop* found = desktopList.Find(id);
     if (!found) return;

@@ -8,44 +8,12 @@ constexpr DesktopId Here = 1;
 constexpr DesktopId Elsewhere = 2;
 constexpr DWORD Shown = WS_OVERLAPPEDWINDOW | WS_VISIBLE;
 
-struct SweepCase {
-    bool visible;
-    DesktopId desktop;
-    bool hidden;
-    bool visibleAfter;
-    bool hiddenAfter;
-};
-
-constexpr SweepCase SweepCases[] = {
-    {true, Elsewhere, false, false, true},   {true, Elsewhere, true, false, true},
-    {true, Here, true, true, false},         {true, AllDesktopsId, true, true, false},
-    {true, Here, false, true, false},        {true, AllDesktopsId, false, true, false},
-    {false, Here, true, true, false},        {false, AllDesktopsId, true, false, true},
-    {false, Elsewhere, true, false, true},   {false, Here, false, false, false},
-    {false, Elsewhere, false, false, false}, {false, AllDesktopsId, false, false, false},
-};
-
 class WindowDesktopMapTest : public ServerTest {
 protected:
     WindowDesktopMapTest() { SetCurrentDesktopId(Here); }
 
     WindowDesktopMap map;
 };
-
-TEST_F(WindowDesktopMapTest, SweepsEachWindowByItsDesktop) {
-    for (const SweepCase& test : SweepCases) {
-        SCOPED_TRACE("visible " + std::to_string(test.visible) + ", desktop " +
-                     std::to_string(static_cast<int>(test.desktop)) + ", hidden " + std::to_string(test.hidden));
-        const TestWindow window(WindowForm{.style = test.visible ? Shown : Shown & ~WS_VISIBLE});
-        WindowDesktopRecord record(window.get(), test.desktop);
-        record.hidden = test.hidden;
-        for (int sweep = 0; sweep < 2; ++sweep) {
-            map.SweepOne(record);
-            EXPECT_EQ(test.hiddenAfter, record.hidden);
-            EXPECT_TRUE(Becomes(test.visibleAfter, window.get()));
-        }
-    }
-}
 
 TEST_F(WindowDesktopMapTest, TakesPopupsAlongThatHaveNoDesktopOfTheirOwn) {
     const TestWindow owner(WindowForm{.style = Shown});
@@ -60,33 +28,6 @@ TEST_F(WindowDesktopMapTest, TakesPopupsAlongThatHaveNoDesktopOfTheirOwn) {
         for (const TestWindow* window : {&owner, &popup, &ofPopup})
             EXPECT_TRUE(Becomes(!here, window->get()));
         EXPECT_TRUE(Becomes(here, mapped.get()));
-    }
-}
-
-TEST_F(WindowDesktopMapTest, BringsAWindowBackInTheStateThatItHad) {
-    enum Way { Sweep, Forget, Release };
-    for (const DWORD state : {DWORD(0), DWORD(WS_MINIMIZE), DWORD(WS_MAXIMIZE)}) {
-        for (const Way way : {Sweep, Forget, Release}) {
-            SCOPED_TRACE(testing::Message() << std::hex << "state " << state << " way " << way);
-            const TestWindow window(WindowForm{.style = Shown | state});
-            const TestWindow unseen(WindowForm{.style = WS_OVERLAPPEDWINDOW});
-            map.Assign(window.get(), Elsewhere);
-            map.Assign(unseen.get(), Elsewhere);
-            PumpAll();
-            EXPECT_TRUE(IsWindowVisible(window.get())) << "a new one is only recorded";
-            map.Assign(window.get(), Elsewhere);
-            EXPECT_TRUE(Becomes(false, window.get()));
-            if (way == Sweep) map.Assign(window.get(), Here);
-            if (way == Forget) map.Forget(window.get());
-            if (way == Release) map.ReleaseAll();
-            EXPECT_TRUE(Becomes(true, window.get()));
-            EXPECT_EQ(state == WS_MINIMIZE, IsIconic(window.get()) != FALSE);
-            EXPECT_EQ(state == WS_MAXIMIZE, IsZoomed(window.get()) != FALSE);
-            map.ReleaseAll();
-            PumpAll();
-            EXPECT_FALSE(IsWindowVisible(unseen.get())) << "the map has not hidden it";
-            EXPECT_EQ(0u, map.Count());
-        }
     }
 }
 

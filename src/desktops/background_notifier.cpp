@@ -1,4 +1,4 @@
-#include "desktops/announcer.h"
+#include "desktops/background_notifier.h"
 
 #include "common/handles.h"
 #include "process/profile.h"
@@ -10,7 +10,7 @@ namespace {
 
 constexpr DWORD Patience = 300;  // ms
 
-struct Announcer {
+struct Notifier {
     Lock lock;
     KernelHandle idle{CreateEventA(nullptr, TRUE, TRUE, nullptr)};
     bool running = false;
@@ -19,14 +19,14 @@ struct Announcer {
     COLORREF colour = 0;
 };
 
-Announcer announcer;
+Notifier notifier;
 
 void SetColour(COLORREF colour) noexcept {
     const INT element = COLOR_BACKGROUND;
     SetSysColors(1, &element, &colour);
-    const Guard guard(announcer.lock.Section());
-    // Unless another one was asked for meanwhile.
-    if (announcer.colour == colour) announcer.colourPending = false;
+    const Guard guard(notifier.lock.Section());
+    // Another colour may have been asked for meanwhile; that one is still to be set.
+    if (notifier.colour == colour) notifier.colourPending = false;
 }
 
 void BroadcastSettingChange() noexcept {
@@ -35,25 +35,26 @@ void BroadcastSettingChange() noexcept {
                         &answer);
 }
 
-// One thing that is due; false when there is none, and the thread has thereby ended its work.
+// Does one thing that is due. False when nothing was: the thread then counts as ended, and the next order starts
+// another.
 bool DoNext() noexcept {
-    EnterCriticalSection(&announcer.lock.Section());
-    const bool colourDue = announcer.colourPending;
-    const bool settingsDue = !colourDue && announcer.settingsPending;
-    const COLORREF colour = announcer.colour;
-    if (settingsDue) announcer.settingsPending = false;
+    EnterCriticalSection(&notifier.lock.Section());
+    const bool colourDue = notifier.colourPending;
+    const bool settingsDue = !colourDue && notifier.settingsPending;
+    const COLORREF colour = notifier.colour;
+    if (settingsDue) notifier.settingsPending = false;
     if (!colourDue && !settingsDue) {
-        announcer.running = false;
-        SetEvent(announcer.idle.get());
+        notifier.running = false;
+        SetEvent(notifier.idle.get());
     }
-    LeaveCriticalSection(&announcer.lock.Section());
+    LeaveCriticalSection(&notifier.lock.Section());
     if (colourDue) SetColour(colour);
     if (settingsDue) BroadcastSettingChange();
     return colourDue || settingsDue;
 }
 
-// Holds the library: it must not go away under the thread's feet.
-DWORD WINAPI AnnouncerThread(void* library) {
+// `library` holds a reference of its own to the library, which must not be unmapped while this thread runs in it.
+DWORD WINAPI NotifierThread(void* library) {
     while (DoNext()) {
     }
     if (library) FreeLibraryAndExitThread(static_cast<HMODULE>(library), 0);
@@ -63,18 +64,18 @@ DWORD WINAPI AnnouncerThread(void* library) {
 void Start() noexcept {
     const HMODULE library = LoadLibraryA(ModulePath(profile.moduleInstance).text);
     DWORD id = 0;
-    const KernelHandle thread(CreateThread(nullptr, 0, AnnouncerThread, library, 0, &id));
+    const KernelHandle thread(CreateThread(nullptr, 0, NotifierThread, library, 0, &id));
     if (thread) return;
-    // Without a thread it is done here, slow programs or not.
+    // No thread could be made: do the work here, even though a slow program then holds it up.
     while (DoNext()) {
     }
     if (library) FreeLibrary(library);
 }
 
-// Sent messages are let in: what is being announced comes to the windows of this thread as well.
+// The notices also go to the windows of this thread, so sent messages must be answered while it waits.
 void WaitUntilIdle() noexcept {
     const DWORD start = GetTickCount();
-    HANDLE idle = announcer.idle.get();
+    HANDLE idle = notifier.idle.get();
     for (DWORD waited = 0; waited < Patience; waited = GetTickCount() - start) {
         if (MsgWaitForMultipleObjects(1, &idle, FALSE, Patience - waited, QS_SENDMESSAGE) == WAIT_OBJECT_0) return;
         MSG message;
@@ -83,14 +84,14 @@ void WaitUntilIdle() noexcept {
 }
 
 template <typename Request>
-void Announce(Request request) noexcept {
+void Order(Request request) noexcept {
     bool start = false;
     {
-        const Guard guard(announcer.lock.Section());
+        const Guard guard(notifier.lock.Section());
         request();
-        start = !announcer.running;
-        announcer.running = true;
-        ResetEvent(announcer.idle.get());
+        start = !notifier.running;
+        notifier.running = true;
+        ResetEvent(notifier.idle.get());
     }
     if (start) Start();
     WaitUntilIdle();
@@ -98,21 +99,21 @@ void Announce(Request request) noexcept {
 
 }  // namespace
 
-void AnnounceColour(COLORREF colour) noexcept {
+void ChangeBackgroundColour(COLORREF colour) noexcept {
     if (BackgroundColour() == colour) return;
-    Announce([colour] {
-        announcer.colour = colour;
-        announcer.colourPending = true;
+    Order([colour] {
+        notifier.colour = colour;
+        notifier.colourPending = true;
     });
 }
 
-void AnnounceSettings() noexcept {
-    Announce([] { announcer.settingsPending = true; });
+void NotifyBackgroundChange() noexcept {
+    Order([] { notifier.settingsPending = true; });
 }
 
 COLORREF BackgroundColour() noexcept {
-    const Guard guard(announcer.lock.Section());
-    return announcer.colourPending ? announcer.colour : GetSysColor(COLOR_BACKGROUND);
+    const Guard guard(notifier.lock.Section());
+    return notifier.colourPending ? notifier.colour : GetSysColor(COLOR_BACKGROUND);
 }
 
 }  // namespace halyard
