@@ -41,9 +41,8 @@ void KeepPopupInFrame(HWND popup) noexcept {
     SetWindowPos(popup, nullptr, place.x, place.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-// wParam isn't looked at: losing the activation counts as a first one as well.
-bool OnActivate(TrackedWindow& tracked) noexcept {
-    if (tracked.placed) return true;
+bool OnActivate(TrackedWindow& tracked, bool active) noexcept {
+    if (tracked.placed || !active) return true;
     if (profile.program.modeler) KeepPopupInFrame(tracked.window);
     if (tracked.IsDialog() && !profile.program.corelpp) {
         PlaceDialog(tracked);
@@ -64,7 +63,7 @@ bool OnSettingChange(TrackedWindow& tracked, WPARAM action) noexcept {
 }
 
 bool OnWindowPosChanged(const TrackedWindow& tracked) noexcept {
-    PostMessageA(ServerWindow(), HM_WINDOW_CHANGED, reinterpret_cast<WPARAM>(tracked.window), 1);
+    if (ServerWindow()) PostMessageA(ServerWindow(), HM_WINDOW_CHANGED, reinterpret_cast<WPARAM>(tracked.window), 1);
     return true;
 }
 
@@ -114,8 +113,8 @@ bool BelongsToExtension(const TrackedWindow& tracked, HMENU menu) noexcept {
 
 bool OnInitMenuPopup(TrackedWindow& tracked, HMENU menu, LPARAM lParam) noexcept {
     tracked.extensionOpen = BelongsToExtension(tracked, menu);
-    // Not every platform marks the submenus of a system menu as belonging to it.
-    const bool systemMenu = HIWORD(lParam) != 0 || tracked.extensionOpen;
+    // Wine doesn't mark the submenus of a system menu as belonging to it.
+    const bool systemMenu = HIWORD(lParam) != 0 || (profile.postsMenuCommands && tracked.extensionOpen);
     if (systemMenu || profile.program.qlplay) UpdateMenuExtension(tracked, menu, lParam);
     return true;
 }
@@ -134,7 +133,7 @@ bool DispatchWindowEvent(TrackedWindow& tracked, const CWPRETSTRUCT& event) noex
     case WM_WINDOWPOSCHANGED: return OnWindowPosChanged(tracked);
     case WM_CREATE: return OnCreate(tracked);
     case WM_DESTROY: return OnDestroy(tracked);
-    case WM_ACTIVATE: return OnActivate(tracked);
+    case WM_ACTIVATE: return OnActivate(tracked, LOWORD(event.wParam) != WA_INACTIVE);
     case WM_SETTINGCHANGE: return OnSettingChange(tracked, event.wParam);
     case WM_STYLECHANGED:
         return OnStyleChanged(tracked, event.wParam, reinterpret_cast<const STYLESTRUCT*>(event.lParam));

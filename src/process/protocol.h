@@ -23,8 +23,10 @@ enum ServerMessage : UINT {
     HM_TAB_DELETE = 1192,          // task list, posted; wParam: window
     HM_TASKBAR_DELETE = 1193,      // task manager, posted; lParam: a retired taskbar
     HM_CALL = 1194,                // RunOnServerThread in the server process, sent; lParam: ticket of the call
-    HM_WINDOW_RETURNS = 1196,      // window memory, posted; wParam: window, lParam: the desktop that it reopens on
-    HM_COUNT_WINDOWS = 1195,       // the loader, sent; lParam: desktop id. Result: windows that the map has there
+    HM_READ_FAILURE =
+        1197,  // the loader, sent; wParam: index from 0, the last first. Result: a global atom, 0 past the end
+    HM_WINDOW_RETURNS = 1196,  // window memory, posted; wParam: window, lParam: the desktop that it reopens on
+    HM_COUNT_WINDOWS = 1195,   // the loader, sent; lParam: desktop id. Result: windows that the map has there
 };
 
 // From the server to the task list of the primary taskbar, posted; lParam: a handle of an event, valid in the shell's
@@ -44,7 +46,8 @@ inline constexpr UINT PurgePeriod = 30000;      // ms
 inline constexpr UINT FindCursorPeriod = 50;    // ms
 inline constexpr UINT BroadcastTimeout = 2000;  // ms that a hung program can hold a broadcast up
 
-// What wParam of SettingMsg says.
+// What wParam of SettingMsg says. Its lParam is a number of this broadcast, so that a program with many windows reads
+// the registry once; 0, from a program that gives none, is read each time.
 enum class SettingKind : UINT { Settings = 1, Desktops = 2 };
 
 // Desktop ids are 32-bit numbers, ordered as unsigned ones.

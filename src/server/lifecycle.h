@@ -3,7 +3,8 @@
 
 namespace halyard {
 
-void StartServer() noexcept;
+// False, with nothing done, where another process is the server already.
+bool StartServer() noexcept;
 void StopServer() noexcept;
 
 // Hooks and extras in or out, kept in the `Run` setting.
@@ -12,8 +13,11 @@ void TurnOff() noexcept;
 
 // Only the hooks, with the hotkeys. Nothing where they are in, or out, already.
 void InstallHooks() noexcept;
-// Every hidden window is shown and the default desktop current before the hooks go.
+// Every hidden window is shown, the default desktop current, and every program clean of our menus before the hooks go.
 void RemoveHooks() noexcept;
+
+// Takes both hooks away, whoever set them, and nothing else.
+void DropHooks() noexcept;
 
 // Out, settings read from the registry again, and in again if `enable`.
 void Restart(bool enable) noexcept;

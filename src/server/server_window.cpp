@@ -5,6 +5,7 @@
 #include "desktops/window_desktop_map.h"
 #include "hotkeys/find_cursor.h"
 #include "hotkeys/hotkeys.h"
+#include "process/failures.h"
 #include "process/profile.h"
 #include "process/server_call.h"
 #include "process/shared_section.h"
@@ -93,6 +94,10 @@ LRESULT OnCall(LPARAM ticket) noexcept {
     return 0;
 }
 
+LRESULT OnReadFailure(WPARAM index) noexcept {
+    return FailureAtom(static_cast<unsigned>(index));
+}
+
 LRESULT OnCountWindows(DesktopId id) noexcept {
     return static_cast<LRESULT>(windowDesktopMap.CountOn(id));
 }
@@ -111,23 +116,6 @@ void OnDisplayChange() noexcept {
 
 }  // namespace
 
-bool ClearDeadServer() noexcept {
-    HWND left = ServerWindow();
-    if (!left) return true;
-    // The handle may have outlived its window, or some other window may have it now.
-    char name[sizeof(ServerWindowClass) + 1] = {};
-    if (GetClassNameA(left, name, sizeof(name)) && lstrcmpA(name, ServerWindowClass) == 0) return false;
-    // Not every platform takes system-wide hooks away with the thread that set them.
-    UnhookWindowsHookEx(CallWndProcRetHook());
-    UnhookWindowsHookEx(GetMessageHook());
-    SetServerWindow(nullptr);
-    SetHooksInstalled(false);
-    SetCallWndProcRetHook(nullptr);
-    SetGetMessageHook(nullptr);
-    SetCurrentDesktopId(DefaultDesktopId);
-    return true;
-}
-
 void CreateServerWindow() noexcept {
     if (ServerWindow()) return;
     WNDCLASSEXA windowClass = {};
@@ -140,6 +128,7 @@ void CreateServerWindow() noexcept {
     HWND window =
         CreateWindowExA(0, MAKEINTATOM(atom), nullptr, 0, 0, 0, 1, 1, nullptr, nullptr, windowClass.hInstance, nullptr);
     SetServerWindow(window);
+    if (!window) KeepFailure("the server's window");
     if (window) SetTimer(window, PurgeTimer, PurgePeriod, nullptr);
 }
 
@@ -167,7 +156,10 @@ LRESULT CALLBACK ServerWndProc(HWND window, UINT message, WPARAM wParam, LPARAM 
     case HM_TASKBAR_DELETE: return OnTaskbarDelete(lParam);
     case HM_CALL: return OnCall(lParam);
     case HM_WINDOW_RETURNS: return OnWindowReturns(AsWindow(wParam), AsDesktopId(lParam));
+    case HM_READ_FAILURE: return OnReadFailure(wParam);
     case HM_COUNT_WINDOWS: return OnCountWindows(AsDesktopId(lParam));
+    // Not for closing: without it hidden windows would have no way back.
+    case WM_CLOSE: return 0;
     case WM_ENDSESSION: Activate(DefaultDesktopId); break;
     case WM_DISPLAYCHANGE: OnDisplayChange(); break;
     case WM_TIMER:

@@ -20,26 +20,6 @@ BOOL WINAPI EnumerateTwelve(HDC, const RECT*, MONITORENUMPROC callback, LPARAM d
     return TRUE;
 }
 
-TEST_F(DisplaysTest, FollowsThePlatform) {
-    const DisplaySet set = CurrentDisplays();
-    ASSERT_EQ(displays.size(), set.count);
-    for (const RealDisplay& display : displays)
-        EXPECT_EQ(display.workArea, set.displays[set.IndexOf(HandleBits(display.handle))].workArea);
-    PretendDisplays(1);
-    EXPECT_EQ(bounds, WorkBounds()) << "not before a refresh";
-    RefreshDisplays();
-    EXPECT_EQ(1u, CurrentDisplays().count);
-    EXPECT_EQ(displays[0].workArea, WorkBounds());
-    profile.enumDisplayMonitors = nullptr;
-    RefreshDisplays();
-    EXPECT_EQ(0u, CurrentDisplays().count);
-    EXPECT_EQ(displays[0].workArea, WorkBounds()) << "kept where nothing can be enumerated";
-    profile.enumDisplayMonitors = EnumerateTwelve;
-    RefreshDisplays();
-    EXPECT_EQ(10u, callbacks) << "the enumeration is told to stop";
-    EXPECT_EQ(10u, CurrentDisplays().count);
-}
-
 std::atomic<unsigned> round = 0;
 
 // Now all displays, now the first alone.
