@@ -1,24 +1,18 @@
-// Dialogs where the user wants them.
+// Dialogs where the user wants them. hook/behaviours.h declares what the hooks call of it, and nobody else calls it.
 #include "behaviours/borrowed_proc.h"
 #include "behaviours/window_position.h"
 #include "hook/behaviours.h"
 #include "process/profile.h"
 #include "process/window_long.h"
+#include "settings/choices.h"
 #include "settings/settings.h"
 
 namespace halyard {
 
 namespace {
 
-enum DialogMode : DWORD {
-    OnApplicationWindow = 1,
-    OnApplicationDisplay = 2,
-    OnNumberedDisplay = 3,
-    OnCursorDisplay = 4
-};
-
-// Where the dialog's own procedure is kept while ours is lent to it: with the window, since two threads may place
-// dialogs at one moment.
+// The window property that keeps the dialog's own procedure while ours stands in its place. It isn't a variable, since
+// two threads may place dialogs at the same moment.
 constexpr char OldProcProperty[] = "TevralHalyardDialogProc";
 
 void CentreOnCursorDisplay(HWND dialog, WINDOWPOS* move) noexcept {
@@ -45,7 +39,7 @@ void Centre(HWND dialog, WINDOWPOS* move) noexcept {
     }
 }
 
-// The shell's dialogs don't repaint by themselves when they are moved on their way up.
+// A dialog of the shell that is moved before it shows doesn't repaint by itself.
 void RepaintAtOnce(HWND dialog) noexcept {
     InvalidateRect(dialog, nullptr, TRUE);
     SendMessageA(dialog, WM_PAINT, 0, 0);
@@ -68,18 +62,18 @@ LRESULT CALLBACK PlacementWindowProc(HWND dialog, UINT message, WPARAM wParam, L
 
 void PlaceDialog(TrackedWindow& tracked) noexcept {
     HWND dialog = tracked.window;
-    // A nested activation while the procedure is lent.
+    // The program activated the dialog while it was being placed.
     if (HasProc(dialog, PlacementWindowProc) || GetPropA(dialog, OldProcProperty)) return;
     const WNDPROC old = SetWindowProc(dialog, PlacementWindowProc);
     SetPropA(dialog, OldProcProperty, reinterpret_cast<HANDLE>(old));
     RECT rect = {};
     GetWindowRect(dialog, &rect);
-    // To where it is already: the call is there for the message that it brings about.
+    // The window is asked to go where it is already: we only want the WM_WINDOWPOSCHANGING that comes of it.
     SetWindowPos(dialog, nullptr, rect.left, rect.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
     SetWindowProc(dialog, old);
     RemovePropA(dialog, OldProcProperty);
-    // One of them doesn't repaint by itself; the other is moved in the middle of its first painting, whose rest is then
-    // lost.
+    // The first doesn't repaint a moved dialog. The second is moved in the middle of its first painting, and the rest
+    // of that painting is lost.
     if (profile.program.winproj || profile.program.corelpp) InvalidateRect(dialog, nullptr, TRUE);
 }
 

@@ -15,7 +15,7 @@ DragLoop dragLoop;
 
 namespace {
 
-volatile LONG watching = 0;  // claimed by the thread whose loop is watched
+volatile LONG watching = 0;  // 1 while a thread's loop is watched
 
 void StopWatching() noexcept {
     dragLoop.window = nullptr;
@@ -32,7 +32,7 @@ LRESULT OnExitSizeMove(HWND window, WPARAM wParam, LPARAM lParam) noexcept {
     return result;
 }
 
-// The window goes before its loop has ended: there is nothing to put back, and the next loop finds the watch free.
+// The window is destroyed before its loop has ended: its look needs no restoring, and the next loop can be watched.
 LRESULT OnNcDestroy(HWND window, WPARAM wParam, LPARAM lParam) noexcept {
     const WNDPROC old = dragLoop.oldWindowProc;
     dragLoop.transparencyOn = false;
@@ -41,13 +41,14 @@ LRESULT OnNcDestroy(HWND window, WPARAM wParam, LPARAM lParam) noexcept {
     return CallOldProc(window, old, WM_NCDESTROY, wParam, lParam);
 }
 
-// True: `proposed` was docked, and the program doesn't see the message. Some platforms take what a docked step left as
-// the base of their next proposal: from then on the window is told where it would be without.
+// True: `proposed` was docked, and the program doesn't see the message. Wine counts its next proposal from where the
+// last step put the window, so that after a docked step its proposals are off: from then on our own count replaces
+// them.
 bool Dock(RECT& proposed) noexcept {
     if (!settings.EffectiveAutodock()) return false;
     POINT cursor = dragLoop.cursor;
     GetCursorPos(&cursor);
-    dragLoop.dragRect = Shifted(dragLoop.dragRect, cursor.x - dragLoop.cursor.x, cursor.y - dragLoop.cursor.y);
+    dragLoop.dragRect = Followed(dragLoop.dragRect, dragLoop.cursor, cursor, proposed);
     dragLoop.cursor = cursor;
     RECT docked = dragLoop.dragRect;
     const bool changed = DockRectToDisplay(docked);
@@ -68,7 +69,7 @@ bool DockRectToDisplay(RECT& rect) noexcept {
 
 void BeginDragLoop(TrackedWindow& tracked) noexcept {
     if (!settings.EffectiveAutodock() && !settings.DragTrans()) return;
-    // A thread that ends takes its windows along without a word to them: their watch is free again.
+    // The windows of a thread that ends go without a message, so that nothing has ended their watch.
     const bool orphaned = dragLoop.window && !IsWindow(dragLoop.window);
     if (!orphaned && InterlockedCompareExchange(&watching, 1, 0) != 0) return;
     dragLoop.transparencyOn = false;

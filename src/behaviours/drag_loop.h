@@ -16,7 +16,11 @@ struct DragLoop {
 
     bool transparencyOn = false;
     bool layeredAdded = false;  // the window wasn't layered before
-    BYTE savedAlpha = 255;      // of a window that was
+    struct {                    // how the platform drew a window that was
+        COLORREF key;
+        BYTE alpha;
+        DWORD flags;
+    } savedLayer = {};
 };
 
 extern DragLoop dragLoop;
@@ -26,7 +30,7 @@ LRESULT CALLBACK DragWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM
 // Ends a watch that is still on and gives the window its procedure and its opacity back: before the code goes away.
 void EndDragLoop() noexcept;
 
-// Where the window docks: moves `rect` by what the platform says of the displays. Returns whether it was changed.
+// Moves `rect`, a window's, to where it docks on the display that it overlaps most. Returns whether it was changed.
 bool DockRectToDisplay(RECT& rect) noexcept;
 
 }  // namespace halyard

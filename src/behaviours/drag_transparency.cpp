@@ -23,22 +23,32 @@ bool BindLayered() noexcept {
     return setLayeredAttributes != nullptr;
 }
 
+// False for a window that the program draws with UpdateLayeredWindow: the platform knows no attributes of it, and
+// once it was given some, the program's own drawing would fail. Nor can a system be asked that lacks the entry.
+bool SaveLayer(DragLoop& loop) noexcept {
+    auto& layer = loop.savedLayer;
+    if (!getLayeredAttributes || !getLayeredAttributes(loop.window, &layer.key, &layer.alpha, &layer.flags))
+        return false;
+    // A window with a colour key only is solid, whatever number the platform has for its opacity.
+    if (!(layer.flags & LWA_ALPHA)) layer.alpha = 255;
+    layer.flags |= LWA_ALPHA;
+    return true;
+}
+
 }  // namespace
 
 void BeginTransparency(DragLoop& loop) noexcept {
     if (loop.transparencyOn || !settings.DragTrans() || !BindLayered()) return;
-    loop.transparencyOn = true;
     const LONG style = GetWindowLongA(loop.window, GWL_EXSTYLE);
     loop.layeredAdded = !(style & WS_EX_LAYERED);
-    loop.savedAlpha = 255;
-    BYTE alpha = 0;
-    DWORD flags = 0;
+    loop.savedLayer = {};
     if (loop.layeredAdded)
         SetWindowLongA(loop.window, GWL_EXSTYLE, style | WS_EX_LAYERED);
-    else if (getLayeredAttributes && getLayeredAttributes(loop.window, nullptr, &alpha, &flags) && (flags & LWA_ALPHA))
-        // A window that has a colour key only reports no opacity, though it is solid.
-        loop.savedAlpha = alpha;
-    setLayeredAttributes(loop.window, 0, DragAlpha(settings.DragTransPerCent()), LWA_ALPHA);
+    else if (!SaveLayer(loop))
+        return;
+    loop.transparencyOn = true;
+    setLayeredAttributes(loop.window, loop.savedLayer.key, DragAlpha(settings.DragTransPerCent()),
+                         loop.savedLayer.flags | LWA_ALPHA);
 }
 
 void EndTransparency(DragLoop& loop) noexcept {
@@ -48,7 +58,7 @@ void EndTransparency(DragLoop& loop) noexcept {
         // Read afresh: the program may have changed other bits during the drag.
         SetWindowLongA(loop.window, GWL_EXSTYLE, GetWindowLongA(loop.window, GWL_EXSTYLE) & ~WS_EX_LAYERED);
     else
-        setLayeredAttributes(loop.window, 0, loop.savedAlpha, LWA_ALPHA);
+        setLayeredAttributes(loop.window, loop.savedLayer.key, loop.savedLayer.alpha, loop.savedLayer.flags);
 }
 
 }  // namespace halyard

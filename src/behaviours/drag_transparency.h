@@ -5,11 +5,11 @@ namespace halyard {
 
 struct DragLoop;
 
-// At each step of a move: draws the window with the drag's opacity if that isn't so already and the setting is on. On a
-// system without layered windows the drag stays solid.
+// At each step of a move: draws the window with the drag's opacity if that isn't so already and the setting is on. A
+// window that draws itself as a layered one, and every window of a system without layered windows, stays as it is.
 void BeginTransparency(DragLoop& loop) noexcept;
 
-// Gives the window back what it had.
+// Draws the window again as before the drag.
 void EndTransparency(DragLoop& loop) noexcept;
 
 }  // namespace halyard

@@ -1,6 +1,7 @@
 #include "behaviours/geometry.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace halyard {
 
@@ -11,8 +12,9 @@ struct Span {
     LONG high;
 };
 
-// How far a window must go along one axis to lie on the display. An edge that lies on or beyond the bounds is an outer
-// one: no display is behind it, and a window may leave the desktop there as ever. The low edge is looked at first.
+// How far a window must go along one axis to lie on the display. An edge of the display that lies on or beyond the
+// bounds is an outer one: no display follows there, and windows may leave the desktop over it as they always could. The
+// low edge is looked at first.
 LONG DockShift(Span window, Span display, Span bounds) noexcept {
     if (window.low < display.low) return display.low > bounds.low ? display.low - window.low : 0;
     if (window.high > display.high) return display.high < bounds.high ? display.high - window.high : 0;
@@ -52,6 +54,17 @@ bool DockRect(RECT& proposed, const RECT& display, const RECT& desktopBounds) no
     const LONG dy = AxisShift(Vertical(proposed), Vertical(display), Vertical(desktopBounds));
     proposed = Shifted(proposed, dx, dy);
     return dx != 0 || dy != 0;
+}
+
+RECT Followed(const RECT& before, POINT from, POINT to, const RECT& proposed) noexcept {
+    const LONG width = WidthOf(proposed);
+    LONG left = before.left + to.x - from.x;
+    const LONG top = before.top + to.y - from.y;
+    const LONG grip = from.x - before.left;
+    // The cursor keeps its share of the caption.
+    if (width < WidthOf(before) && grip >= width)
+        left = to.x - static_cast<LONG>(std::int64_t{grip} * width / WidthOf(before));
+    return {left, top, left + width, top + HeightOf(proposed)};
 }
 
 RECT SpanningRect(const RECT& workBounds) noexcept {

@@ -15,6 +15,11 @@ POINT CentredOn(const RECT& window, const RECT& target, const RECT& workBounds) 
 // would end outside of these bounds is left alone. Returns whether `proposed` was changed.
 bool DockRect(RECT& proposed, const RECT& display, const RECT& desktopBounds) noexcept;
 
+// Where a window that stood at `before` is dragged to while the cursor goes from `from` to `to`. It has the size of
+// `proposed`: the platform changes the size in a drag when the window leaves the maximised state or comes to a display
+// of another scale. A window that has become too narrow to be under the cursor is moved there.
+RECT Followed(const RECT& before, POINT from, POINT to, const RECT& proposed) noexcept;
+
 // The rectangle of a window that spans all displays: a fixed margin beyond the bounds hides its frame.
 RECT SpanningRect(const RECT& workBounds) noexcept;
 

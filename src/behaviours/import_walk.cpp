@@ -7,7 +7,7 @@ namespace halyard {
 namespace {
 
 constexpr std::size_t HeaderOffsetPlace = 0x3C;
-// Data directory 1, behind an optional header whose fixed part is 16 bytes longer in a 64-bit image.
+// Data directory 1, after an optional header whose fixed part is 16 bytes longer in a 64-bit image.
 constexpr std::size_t ImportDirectoryPlace = sizeof(void*) == 4 ? 0x80 : 0x90;
 constexpr std::uint32_t HeaderSignature = 0x00004550;  // "PE"
 constexpr std::uint16_t OptionalMagic = sizeof(void*) == 4 ? 0x10B : 0x20B;

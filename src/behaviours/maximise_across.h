@@ -5,15 +5,15 @@
 
 namespace halyard {
 
-// Spreads the window over all work areas. `normal`: where it goes back to, in the coordinates of a window placement;
-// null takes what the placement says now. On the window's own thread.
+// Spreads the window over all work areas. `normal`: where it goes back to, in screen coordinates; null takes what its
+// placement says now. On the window's own thread.
 void MaximiseAcross(TrackedWindow& tracked, const RECT* normal) noexcept;
 
-// Looks at the maximise and restore commands. True: the command has been carried out or is dropped, and the program
-// mustn't see it.
+// Carries the maximise and restore commands out where they change spanning. True: the program mustn't see the command.
 bool TakeMaximiseCommand(TrackedWindow& tracked, WPARAM command) noexcept;
 
-// Gives the system menu of a spanning window the states of a maximised one, for the program that keeps WS_MAXIMIZE off.
+// Gives the items of a spanning window's system menu the states that they have in a maximised one. For the program
+// that keeps WS_MAXIMIZE off, where the platform doesn't.
 void MarkSpanningMenu(HMENU systemMenu) noexcept;
 
 }  // namespace halyard

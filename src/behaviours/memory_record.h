@@ -9,7 +9,7 @@ namespace halyard {
 
 inline constexpr std::size_t MemoryRecordSize = 46;
 
-// What a window had when it was destroyed. Rectangle and points as a window placement gives them.
+// How a window stood when it was destroyed. Rectangle and points as a window placement has them.
 struct WindowMemory {
     bool maximisedAcross = false;
     bool topmost = false;

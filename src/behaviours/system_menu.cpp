@@ -1,5 +1,5 @@
 // The extension of the system menu: a submenu of ours at the end of the real one. The system menu owns it once
-// attached.
+// attached. hook/behaviours.h declares what the hooks call of it, and nobody else calls it.
 #include "behaviours/maximise_across.h"
 #include "behaviours/window_position.h"
 #include "desktops/desktop_list.h"
@@ -26,7 +26,7 @@ enum MenuCommand : UINT {
     LastDesktopItem = LastExtensionCommand,
 };
 
-constexpr UINT AtTheEnd = 100;  // a position that no menu of this kind has
+constexpr UINT AtTheEnd = 100;  // a position after all that a menu of this kind has
 
 UINT CheckState(bool checked) noexcept {
     return checked ? MFS_CHECKED : 0;
@@ -43,7 +43,7 @@ MENUITEMINFOA ItemInfo(UINT mask) noexcept {
     return info;
 }
 
-UINT BehindLast(HMENU menu) noexcept {
+UINT AfterLast(HMENU menu) noexcept {
     return static_cast<UINT>(GetMenuItemCount(menu) + 1);
 }
 
@@ -53,14 +53,14 @@ void AppendItem(HMENU menu, UINT id, const char* text, bool checked) noexcept {
     info.fState = CheckState(checked);
     info.wID = id;
     info.dwTypeData = const_cast<char*>(text);
-    InsertMenuItemA(menu, BehindLast(menu), TRUE, &info);
+    InsertMenuItemA(menu, AfterLast(menu), TRUE, &info);
 }
 
 void AppendSeparator(HMENU menu, UINT id) noexcept {
     MENUITEMINFOA info = ItemInfo(id ? MIIM_TYPE | MIIM_ID : MIIM_TYPE);
     info.fType = MFT_SEPARATOR;
     info.wID = id;
-    InsertMenuItemA(menu, BehindLast(menu), TRUE, &info);
+    InsertMenuItemA(menu, AfterLast(menu), TRUE, &info);
 }
 
 void AttachPopup(HMENU menu, UINT id, HMENU popup, const char* text, bool enabled) noexcept {
@@ -105,6 +105,18 @@ HWND CommandTarget(const TrackedWindow& tracked) noexcept {
     return profile.program.qlplay ? GetParent(tracked.window) : tracked.window;
 }
 
+// A menu takes a single "&" for the mark of the next letter, and shows two as one.
+TextBuffer ShownAsItIs(const char* name) noexcept {
+    TextBuffer text;
+    char* room = text.Reserve(2 * static_cast<unsigned>(lstrlenA(name)));
+    if (!room) return text;
+    for (; *name; ++name) {
+        if (*name == '&') *room++ = '&';
+        *room++ = *name;
+    }
+    return text;
+}
+
 void RebuildDesktopPopup(const TrackedWindow& tracked) noexcept {
     DeleteMenu(tracked.submenu, DesktopsItem, MF_BYCOMMAND);
     HMENU popup = CreateMenu();
@@ -113,7 +125,7 @@ void RebuildDesktopPopup(const TrackedWindow& tracked) noexcept {
     const unsigned count = desktopList.Count();
     for (unsigned index = 0; index < count; ++index)
         // A window whose menu is open is on the current desktop unless it is on all.
-        AppendItem(popup, FirstDesktopItem + index, desktopList.NameAt(index).Text(),
+        AppendItem(popup, FirstDesktopItem + index, ShownAsItIs(desktopList.NameAt(index).Text()).Text(),
                    !everywhere && desktopList.IdAt(index) == CurrentDesktopId());
     AppendSeparator(popup, 0);
     AppendItem(popup, AllDesktopsItem, LookupText(IDS_MENU_ALL_DESKTOPS).Text(), everywhere);
@@ -121,7 +133,9 @@ void RebuildDesktopPopup(const TrackedWindow& tracked) noexcept {
                 settings.MultiDesk());
 }
 
+// Without desktops there is no way back from another one; the item may be left from before they were turned off.
 void ChooseDesktop(TrackedWindow& tracked, DesktopId id) noexcept {
+    if (!settings.MultiDesk()) return;
     tracked.desktopId = id;
     tracked.SendDesktopChoice();
 }
@@ -146,7 +160,7 @@ void AddMenuExtension(TrackedWindow& tracked) noexcept {
     HMENU system = GetSystemMenu(tracked.window, FALSE);
     if (tracked.submenu) {
         if (profile.program.qlplay || HangsInSystemMenu(tracked)) return;
-        // What the program has left of it.
+        // What the program has left of the extension.
         DeleteItems(system);
         tracked.submenu = nullptr;
     }
@@ -189,9 +203,9 @@ void UpdateMenuExtension(TrackedWindow& tracked, HMENU menu, LPARAM lParam) noex
 }
 
 bool HandleSysCommand(TrackedWindow& tracked, WPARAM command, LPARAM) noexcept {
-    if (TakeMaximiseCommand(tracked, command)) return false;
+    if (TakeMaximiseCommand(tracked, command)) return true;
     RunExtensionCommand(tracked, command);
-    return true;
+    return false;
 }
 
 }  // namespace halyard

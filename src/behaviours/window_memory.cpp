@@ -1,13 +1,15 @@
-// Windows that reopen where they were.
+// Windows that reopen where they were. hook/behaviours.h declares what the hooks call of it, and nobody else calls it.
 #include "behaviours/geometry.h"
 #include "behaviours/maximise_across.h"
 #include "behaviours/memory_record.h"
+#include "behaviours/placement.h"
 #include "behaviours/window_position.h"
 #include "desktops/desktop_list.h"
 #include "displays/displays.h"
 #include "hook/behaviours.h"
 #include "hook/classification.h"
 #include "process/shared_section.h"
+#include "process/window_long.h"
 #include "settings/registry_key.h"
 #include "settings/settings.h"
 #include "settings/store.h"
@@ -26,9 +28,7 @@ WINDOWPLACEMENT ToPlacement(const WindowMemory& memory) noexcept {
 }
 
 WindowMemory MemoryOf(const TrackedWindow& tracked) noexcept {
-    WINDOWPLACEMENT placement = {};
-    placement.length = sizeof(placement);
-    GetWindowPlacement(tracked.window, &placement);
+    const WINDOWPLACEMENT placement = PlacementOf(tracked.window);
     WindowMemory memory;
     memory.maximisedAcross = tracked.maximisedAcross;
     memory.topmost = IsTopmost(tracked.window);
@@ -36,11 +36,12 @@ WindowMemory MemoryOf(const TrackedWindow& tracked) noexcept {
     memory.showCommand = placement.showCmd;
     memory.minPosition = placement.ptMinPosition;
     memory.maxPosition = placement.ptMaxPosition;
-    memory.normalRect = tracked.maximisedAcross ? tracked.savedNormalRect : placement.rcNormalPosition;
+    const RECT& normal = tracked.maximisedAcross ? tracked.savedNormalRect : placement.rcNormalPosition;
+    memory.normalRect = ToWorkspace(tracked.window, normal);
     return memory;
 }
 
-// Windows of one class share a record: the next one stands a step beside the one before.
+// Windows of one class share a record: each next one is put a step right of and below the one before.
 void Cascade(HWND window, RECT& rect) noexcept {
     const int step = CascadeStep();
     for (int shift = 0; shift < CascadeLimit && SameRectWindowExists(window, rect); ++shift)
@@ -58,14 +59,28 @@ void ReturnToDesktop(TrackedWindow& tracked, DesktopId remembered) noexcept {
     if (!everywhere) PostMessageA(ServerWindow(), HM_SWITCH_DESKTOP, 0, lParam);
 }
 
-void ReturnToPlace(TrackedWindow& tracked, WindowMemory& memory) noexcept {
-    memory.normalRect = WithinReach(memory.normalRect);
+// A program that gives its window no sizing frame decides on the size itself.
+void KeepFixedSize(HWND window, RECT& rect) noexcept {
+    if (ReadWindowLong(window, GWL_STYLE) & WS_THICKFRAME) return;
+    const RECT present = PlacementOf(window).rcNormalPosition;
+    rect = {rect.left, rect.top, rect.left + WidthOf(present), rect.top + HeightOf(present)};
+}
+
+void ReturnToPlace(TrackedWindow& tracked, const WindowMemory& memory) noexcept {
+    WINDOWPLACEMENT placement = ToPlacement(memory);
+    RECT& normal = placement.rcNormalPosition;
+    normal = FromWorkspace(tracked.window, normal);
+    KeepFixedSize(tracked.window, normal);
+    normal = WithinReach(normal);
     if (memory.maximisedAcross) {
-        MaximiseAcross(tracked, &memory.normalRect);
+        MaximiseAcross(tracked, &normal);
     } else {
-        if (memory.showCommand == SW_SHOWNORMAL) Cascade(tracked.window, memory.normalRect);
-        const WINDOWPLACEMENT placement = ToPlacement(memory);
-        SetWindowPlacement(tracked.window, &placement);
+        if (memory.showCommand == SW_SHOWNORMAL) {
+            Cascade(tracked.window, normal);
+            // The program shows its window itself.
+            if (!IsWindowVisible(tracked.window)) placement.showCmd = SW_HIDE;
+        }
+        SetPlacement(tracked.window, placement);
     }
     SetTopmost(tracked.window, memory.topmost);
 }

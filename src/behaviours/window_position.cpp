@@ -1,6 +1,7 @@
 #include "behaviours/window_position.h"
 
 #include "behaviours/geometry.h"
+#include "behaviours/placement.h"
 #include "displays/displays.h"
 #include "process/profile.h"
 #include "process/shared_section.h"
@@ -45,15 +46,13 @@ BOOL CALLBACK CompareRect(HWND window, LPARAM lParam) noexcept {
 }
 
 void MoveMaximised(HWND window, DWORD style, LONG dx, LONG dy, const RECT& workArea) noexcept {
-    WINDOWPLACEMENT placement = {};
-    placement.length = sizeof(placement);
-    GetWindowPlacement(window, &placement);
+    WINDOWPLACEMENT placement = PlacementOf(window);
     placement.rcNormalPosition = Shifted(placement.rcNormalPosition, dx, dy);
     // The system maximises a window on the display that it lies on: it is brought there as a normal one.
     SetWindowLongA(window, GWL_STYLE, static_cast<LONG>(style & ~WS_MAXIMIZE));
     SetWindowPos(window, nullptr, workArea.left, workArea.top, WidthOf(workArea), HeightOf(workArea),
                  SWP_NOZORDER | SWP_NOOWNERZORDER | SWP_NOSENDCHANGING);
-    SetWindowPlacement(window, &placement);
+    SetPlacement(window, placement);
     SendMessageA(window, WM_SYSCOMMAND, SC_MAXIMIZE, 0);
 }
 

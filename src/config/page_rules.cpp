@@ -1,6 +1,7 @@
 #include "config/page_rules.h"
 
 #include "process/protocol.h"
+#include "settings/choices.h"
 
 #include <algorithm>
 
@@ -8,10 +9,6 @@ namespace halyard {
 
 namespace {
 
-constexpr DWORD OnApplicationWindow = 1;
-constexpr DWORD OnApplicationDisplay = 2;
-constexpr DWORD OnNumberedDisplay = 3;
-constexpr DWORD OnCursorDisplay = 4;
 constexpr int DisplayLimit = 10;
 
 constexpr unsigned short German = 1031;
@@ -20,12 +17,12 @@ constexpr unsigned short Italian = 1040;
 }  // namespace
 
 MaximiseChecks ChecksOfMaximise(DWORD mode) noexcept {
-    return {mode != 0, mode == 1};
+    return {mode != SpansNever, mode == SpansWithControlKey};
 }
 
 DWORD MaximiseOfChecks(MaximiseChecks checks) noexcept {
-    if (!checks.across) return 0;
-    return checks.withControl ? 1 : 2;
+    if (!checks.across) return SpansNever;
+    return checks.withControl ? SpansWithControlKey : SpansAlways;
 }
 
 int RowOfDialogChoice(DialogChoice choice) noexcept {

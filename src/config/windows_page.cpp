@@ -4,6 +4,7 @@
 #include "process/profile.h"
 #include "process/strings.h"
 #include "resources/resource_ids.h"
+#include "settings/choices.h"
 #include "settings/settings.h"
 
 #include <commctrl.h>
@@ -69,7 +70,7 @@ INT_PTR OnInit(HWND page) noexcept {
     SetCheck(page, IDC_MAXIMISE_ACROSS, maximise.across);
     SetCheck(page, IDC_WITH_CONTROL, maximise.withControl);
     FillDialogRows(page);
-    SetCheck(page, settings.DialogControl() == 0 ? IDC_DIALOGS_DEFAULT : IDC_DIALOGS_CENTRED, true);
+    SetCheck(page, settings.DialogControl() == DialogsAsTheyCome ? IDC_DIALOGS_DEFAULT : IDC_DIALOGS_CENTRED, true);
     SetCheck(page, IDC_TRANSPARENCY, settings.DragTrans());
     SetUpOpacity(page);
     sheet.pages[WindowsPage] = page;

@@ -13,7 +13,9 @@ void RemoveMenuExtension(TrackedWindow& tracked) noexcept;
 // Brings the items of an opening menu up to date; `lParam` is that of WM_INITMENUPOPUP.
 void UpdateMenuExtension(TrackedWindow& tracked, HMENU menu, LPARAM lParam) noexcept;
 
-// Carries a system command out if it is one of ours. False: it has been, and the program mustn't see it.
+// Whether this command, given now, makes the window span all displays or ends that.
+bool ChangesSpanning(const TrackedWindow& tracked, WPARAM command) noexcept;
+// Carries a system command out if it is one of ours. True: the program mustn't see it.
 bool HandleSysCommand(TrackedWindow& tracked, WPARAM command, LPARAM lParam) noexcept;
 
 // Window memory.

@@ -24,16 +24,19 @@ void Cancel(MSG& message) noexcept {
     message.message = WM_NULL;
 }
 
-// The double-click that maximises or restores becomes the command of the menu, so that both take the same road.
+// The double-click that starts or ends spanning becomes the command of the menu, so that both take the same road. Any
+// other is the program's.
 bool OnCaptionDoubleClick(MSG& message) noexcept {
     const DWORD style = StyleOf(message.hwnd);
     if ((style & WS_CHILD) || !(style & WS_MAXIMIZEBOX)) return false;
     TrackedWindow* tracked = TrackedWindowOf(message.hwnd);
     if (!tracked || tracked->IsDialog() || tracked->lastHitTest != HTCAPTION) return false;
     tracked->lastHitTest = 0;
+    const WPARAM command = ToggleCommand(*tracked, style);
+    if (!ChangesSpanning(*tracked, command)) return false;
     MSG waiting;
     if (!PeekMessageA(&waiting, message.hwnd, WM_SYSCOMMAND, WM_SYSCOMMAND, PM_NOREMOVE))
-        PostMessageA(message.hwnd, WM_SYSCOMMAND, ToggleCommand(*tracked, style), 0);
+        PostMessageA(message.hwnd, WM_SYSCOMMAND, command, 0);
     SetCapture(nullptr);
     Cancel(message);
     return true;
@@ -56,13 +59,14 @@ bool OnButtonUp(MSG& message) noexcept {
     if (!tracked || tracked->lastHitTest != HTMAXBUTTON) return false;
     tracked->lastHitTest = 0;
     const DWORD style = StyleOf(message.hwnd);
-    if (!(style & WS_MAXIMIZEBOX)) return false;
+    const WPARAM command = ToggleCommand(*tracked, style);
+    if (!(style & WS_MAXIMIZEBOX) || !ChangesSpanning(*tracked, command)) return false;
     SetCapture(nullptr);
     if (profile.tracksButtonsWithoutCapture)
         EndTracking(message);
     else
         Cancel(message);
-    PostMessageA(message.hwnd, WM_SYSCOMMAND, ToggleCommand(*tracked, style), 0);
+    PostMessageA(message.hwnd, WM_SYSCOMMAND, command, 0);
     return true;
 }
 
@@ -75,7 +79,7 @@ void DropDuplicate(const MSG& message) noexcept {
 }
 
 bool RunCommand(TrackedWindow& tracked, MSG& message) noexcept {
-    if (HandleSysCommand(tracked, message.wParam, message.lParam)) return false;
+    if (!HandleSysCommand(tracked, message.wParam, message.lParam)) return false;
     Cancel(message);
     return true;
 }

@@ -30,7 +30,9 @@ void ReadSystemVersion(Profile& target) noexcept {
     target.isWindows2000 = version.dwMajorVersion == 5 && version.dwMinorVersion == 0;
     target.isNtFamily = version.dwPlatformId == VER_PLATFORM_WIN32_NT;
     const HMODULE core = GetModuleHandleA("ntdll.dll");
-    target.tracksButtonsWithoutCapture = EntryOf<void (*)()>(core, "wine_get_version") != nullptr;
+    const bool isWine = EntryOf<void (*)()>(core, "wine_get_version") != nullptr;
+    target.tracksButtonsWithoutCapture = isWine;
+    target.placesFromWorkArea = !isWine;
 }
 
 void ReadProgramFlags(Profile& target) noexcept {

@@ -37,6 +37,9 @@ struct Profile {
     // mouse meanwhile: so on Wine. Elsewhere it ends when the mouse is taken away.
     bool tracksButtonsWithoutCapture = false;
 
+    // Placements of top-level windows count from the work area of their display: so everywhere but on Wine.
+    bool placesFromWorkArea = false;
+
     // The shell's windows; 0 in every other process, and in a shell that mapped the library before it made them.
     HWND progmanWindow = nullptr;
     HWND desktopViewWindow = nullptr;
@@ -56,8 +59,8 @@ struct ModulePath {
     char text[PathRoom];
 };
 
-// Note the system's version and ways, and the program: `isWindows2000`, `isNtFamily`, `tracksButtonsWithoutCapture`;
-// `program`.
+// Note the system's version and ways, and the program: `isWindows2000`, `isNtFamily`, `tracksButtonsWithoutCapture`,
+// `placesFromWorkArea`; `program`.
 void ReadSystemVersion(Profile& target) noexcept;
 void ReadProgramFlags(Profile& target) noexcept;
 

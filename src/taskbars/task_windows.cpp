@@ -1,5 +1,6 @@
 #include "taskbars/task_windows.h"
 
+#include "behaviours/placement.h"
 #include "common/rectangles.h"
 #include "process/profile.h"
 #include "settings/settings.h"
@@ -39,12 +40,10 @@ bool IsTaskWindow(HWND window) noexcept {
 
 bool IsOnDisplay(const SecondaryTaskbar& bar, HWND window) noexcept {
     if (!profile.monitorFromRect) return false;
-    WINDOWPLACEMENT placement = {};
-    placement.length = sizeof(placement);
-    GetWindowPlacement(window, &placement);
+    const RECT normal = PlacementOf(window).rcNormalPosition;
     MONITORINFO info = {};
     info.cbSize = sizeof(info);
-    HMONITOR home = profile.monitorFromRect(&placement.rcNormalPosition, MONITOR_DEFAULTTONEAREST);
+    HMONITOR home = profile.monitorFromRect(&normal, MONITOR_DEFAULTTONEAREST);
     // Handles of displays change with the arrangement; what they stand for is told by the rectangle.
     return profile.getMonitorInfo(home, &info) && SameRect(info.rcMonitor, bar.displayRect);
 }

@@ -177,8 +177,7 @@ TEST_F(DragLoopTest, WatchesTheNextWindowWhenOneHasGone) {
     ExpectDocks(next);
 }
 
-// Its colour key is lost, but the window isn't.
-TEST_F(DragLoopTest, LeavesAWindowWithAColourKeyInSight) {
+TEST_F(DragLoopTest, KeepsHowAProgramDrawsALayeredWindow) {
     KnownWindow window(Form());
     SetWindowLongA(window.get(), GWL_EXSTYLE, GetWindowLongA(window.get(), GWL_EXSTYLE) | WS_EX_LAYERED);
     ASSERT_TRUE(SetLayeredWindowAttributes(window.get(), RGB(255, 0, 255), 0, LWA_COLORKEY));
@@ -186,7 +185,23 @@ TEST_F(DragLoopTest, LeavesAWindowWithAColourKeyInSight) {
     RECT rect = place;
     Send(window, 0, rect);
     Exit(window);
-    EXPECT_EQ(255, AlphaOf(window));
+    COLORREF key = 0;
+    BYTE alpha = 0;
+    DWORD flags = 0;
+    ASSERT_TRUE(GetLayeredWindowAttributes(window.get(), &key, &alpha, &flags));
+    EXPECT_EQ(RGB(255, 0, 255), key);
+    EXPECT_EQ(255, alpha) << "solid, as it was";
+    EXPECT_TRUE(flags & LWA_COLORKEY);
+
+    // With attributes, what the program draws itself would no longer show.
+    KnownWindow drawn(Form());
+    SetWindowLongA(drawn.get(), GWL_EXSTYLE, GetWindowLongA(drawn.get(), GWL_EXSTYLE) | WS_EX_LAYERED);
+    Enter(drawn);
+    Send(drawn, 0, rect);
+    EXPECT_FALSE(GetLayeredWindowAttributes(drawn.get(), nullptr, nullptr, nullptr));
+    Exit(drawn);
+    EXPECT_FALSE(GetLayeredWindowAttributes(drawn.get(), nullptr, nullptr, nullptr));
+    EXPECT_TRUE(GetWindowLongA(drawn.get(), GWL_EXSTYLE) & WS_EX_LAYERED);
 }
 
 }  // namespace

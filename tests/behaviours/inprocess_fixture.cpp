@@ -60,6 +60,7 @@ BehaviourTest::BehaviourTest() : displays(RealDisplays()), bounds(), server(Wind
     };
     SetServerWindow(server.get());
     SetCurrentDesktopId(DefaultDesktopId);
+    settings.StoreMultiDesk(true);
     desktopList.Load();
     UnionRect(&bounds, &displays.front().workArea, &displays.back().workArea);
     for (const RealDisplay& display : displays)

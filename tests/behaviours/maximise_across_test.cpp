@@ -16,9 +16,9 @@ protected:
 
     // The command as it comes from the queue; the system has its part unless the command is taken.
     static bool Command(KnownWindow& window, WPARAM command) {
-        const bool passed = HandleSysCommand(window.tracked, command, 0);
-        if (passed) SendMessageA(window.get(), WM_SYSCOMMAND, command, 0);
-        return passed;
+        const bool taken = HandleSysCommand(window.tracked, command, 0);
+        if (!taken) SendMessageA(window.get(), WM_SYSCOMMAND, command, 0);
+        return !taken;
     }
 
     const RECT spanning = {bounds.left - 4, bounds.top - 4, bounds.right + 4, bounds.bottom + 4};
@@ -41,7 +41,7 @@ TEST_F(MaximiseAcrossTest, SpansFromEachStateAndComesBack) {
             EXPECT_FALSE(Command(window, SC_MAXIMIZE)) << "dropped while it spans";
             EXPECT_EQ((RECT{5, 5, 305, 205}), window.Place());
             settings.SetCtrlMax(3);  // no known one
-            EXPECT_TRUE(HandleSysCommand(window.tracked, SC_MAXIMIZE, 0)) << "let through without the setting";
+            EXPECT_FALSE(HandleSysCommand(window.tracked, SC_MAXIMIZE, 0)) << "let through without the setting";
             EXPECT_TRUE(Command(window, SC_RESTORE | 2));
             settings.SetCtrlMax(2);
             EXPECT_FALSE(window.tracked.maximisedAcross);
@@ -73,9 +73,9 @@ TEST_F(MaximiseAcrossTest, OutlivesItsWindow) {
     KnownWindow window(Form());
     TrackedWindow orphan = window.tracked;
     DestroyWindow(window.get());
-    EXPECT_FALSE(HandleSysCommand(orphan, SC_MAXIMIZE, 0));
+    EXPECT_TRUE(HandleSysCommand(orphan, SC_MAXIMIZE, 0));
     RefreshAfterDisplayChange(orphan);
-    EXPECT_TRUE(HandleSysCommand(orphan, SC_RESTORE, 0));
+    EXPECT_FALSE(HandleSysCommand(orphan, SC_RESTORE, 0));
     EXPECT_FALSE(orphan.maximisedAcross);
 }
 

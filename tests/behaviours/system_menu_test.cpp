@@ -43,7 +43,7 @@ protected:
         const bool docking = settings.EffectiveAutodock();
         const LONG style = GetWindowLongA(target.get(), GWL_EXSTYLE);
         const RECT place = target.Place();
-        std::string effect = HandleSysCommand(acted.tracked, command, 0) ? "" : "(taken) ";
+        std::string effect = HandleSysCommand(acted.tracked, command, 0) ? "(taken) " : "";
         if (memory != settings.AppWindowMem()) effect += "memory ";
         if (docking != settings.EffectiveAutodock()) effect += "docking ";
         if ((style ^ GetWindowLongA(target.get(), GWL_EXSTYLE)) & WS_EX_TOPMOST) effect += "topmost ";
@@ -134,7 +134,7 @@ TEST_F(SystemMenuTest, OutlivesADestroyedSubmenuAndItsWindow) {
     EXPECT_EQ(nullptr, orphan.submenu);
     RemoveMenuExtension(orphan);
     for (const WPARAM command : {64767, 64769, 64770, 64777, 64778})
-        EXPECT_TRUE(HandleSysCommand(orphan, command, 0));
+        EXPECT_FALSE(HandleSysCommand(orphan, command, 0));
 }
 
 TEST_F(SystemMenuTest, KeepsNoMenus) {

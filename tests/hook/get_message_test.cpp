@@ -102,7 +102,7 @@ TEST_F(GetMessageTest, TurnsClicksIntoCommands) {
 TEST_F(GetMessageTest, OnlyPassesOnWhatItMustNotTouch) {
     const TestWindow window;
     profile.program.qlplay = true;
-    recording.commandAnswer = false;
+    recording.commandTaken = true;
     struct {
         bool window;
         int code;
@@ -158,16 +158,16 @@ TEST_F(GetMessageTest, AsksForCommandsAndCancelsWhatWasCarriedOut) {
     const TestWindow window;
     TrackedWindow& tracked = Known(window.get());
     for (const auto& test : cases) {
-        for (const bool answer : {true, false}) {
+        for (const bool carriedOut : {false, true}) {
             SCOPED_TRACE(test.what);
             profile.program.qlplay = test.qlplay;
-            recording.commandAnswer = answer;
+            recording.commandTaken = carriedOut;
             tracked.lastHitTest = 4;
             tracked.extensionOpen = test.open;
             const bool made = test.asked && test.open;
             MSG taken = {window.get(), test.message, test.command, test.control, 0, {}};
             GetMessageHookProc(HC_ACTION, PM_REMOVE, reinterpret_cast<LPARAM>(&taken));
-            EXPECT_EQ(test.asked && !answer ? WM_NULL : made ? WM_SYSCOMMAND : test.message, taken.message);
+            EXPECT_EQ(test.asked && carriedOut ? WM_NULL : made ? WM_SYSCOMMAND : test.message, taken.message);
             EXPECT_EQ(test.asked ? Calls{test.asked} : Calls{}, recording.Take());
             EXPECT_EQ(test.open && !test.asked, tracked.extensionOpen);
         }

@@ -49,12 +49,15 @@ void UpdateMenuExtension(TrackedWindow& tracked, HMENU menu, LPARAM lParam) noex
               static_cast<unsigned long>(lParam));
     recording.Add(line, tracked.window);
 }
+bool ChangesSpanning(const TrackedWindow&, WPARAM) noexcept {
+    return recording.changesSpanning;
+}
 bool HandleSysCommand(TrackedWindow& tracked, WPARAM command, LPARAM lParam) noexcept {
     char line[80];
     wsprintfA(line, "HandleSysCommand %X %ld hit %d", static_cast<unsigned>(command), static_cast<long>(lParam),
               tracked.lastHitTest);
     recording.Add(line, tracked.window);
-    return recording.commandAnswer;
+    return recording.commandTaken;
 }
 void SaveWindowMemory(TrackedWindow& tracked) noexcept {
     recording.Add("SaveWindowMemory", tracked.window);

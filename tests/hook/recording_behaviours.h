@@ -17,7 +17,8 @@ using Calls = std::vector<std::string>;
 struct Recording {
     HWND server = nullptr;  // stands for the server; its messages are written down here and go nowhere
     HWND subject = nullptr;
-    bool commandAnswer = true;  // of HandleSysCommand
+    bool commandTaken = false;    // the answer of HandleSysCommand
+    bool changesSpanning = true;  // the answer of ChangesSpanning, which isn't written down
     // Runs inside each call, as the program would when a behaviour touches its window.
     std::function<void(const std::string& call)> during;
     Calls calls;
