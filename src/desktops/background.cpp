@@ -2,7 +2,6 @@
 
 #include "common/wide_text_buffer.h"
 #include "desktops/background_notifier.h"
-#include "desktops/window_desktop_map.h"
 #include "process/com.h"
 #include "process/profile.h"
 #include "settings/registry_key.h"
@@ -74,7 +73,6 @@ void CaptureBackground(Desktop& desktop) noexcept {
 
 void ApplyBackground(const Desktop& desktop) noexcept {
     if (!profile.isServerProcess) return;
-    windowDesktopMap.SweepAll();
     ChangeBackgroundColour(desktop.colour);
     {
         const ActiveDesktop shell;

@@ -137,19 +137,18 @@ bool IsTopmost(WindowKey key) noexcept {
     return (GetWindowLongA(WindowOf(key), GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
 }
 
+Row<ListedWindow> WithOwners(const KeyRow& keys) noexcept {
+    Row<ListedWindow> windows;
+    for (const WindowKey key : keys)
+        windows.Add({key, HandleBits(GetWindow(WindowOf(key), GW_OWNER))});
+    return windows;
+}
+
 KeyRow Band(const KeyRow& keys, const KeyRow& topmost, bool upper) noexcept {
     KeyRow band;
     for (const WindowKey key : keys)
         if (topmost.Has(key) == upper) band.Add(key);
     return band;
-}
-
-// With the windows that it owns above it.
-void RaiseGroup(KeyRow& keys, WindowKey front) noexcept {
-    MoveToTop(keys, front);
-    const KeyRow before = CopyOf(keys);
-    for (unsigned index = before.Count(); index > 0; --index)
-        if (GetWindow(WindowOf(before[index - 1]), GW_OWNER) == WindowOf(front)) MoveToTop(keys, before[index - 1]);
 }
 
 void Place(const Placement& placement, AnsweringThreads& threads) noexcept {
@@ -175,7 +174,7 @@ bool PutInOrder(const Job& job, AnsweringThreads& threads) noexcept {
     if (job.arrived.Count() > 0)
         wanted = OrderWithLate(present, wanted, job.arrived);
     else if (front != job.front)
-        RaiseGroup(wanted, front);
+        RaiseGroup(wanted, WithOwners(present), front);
     unsigned placed = 0;
     for (const bool upper : {true, false}) {
         for (const Placement& placement : PlacementsFor(Band(present, topmost, upper), Band(wanted, topmost, upper))) {

@@ -14,6 +14,9 @@ namespace halyard {
 
 namespace {
 
+// Values of the setting; any other means that the desktop of the window becomes current.
+enum Answer : DWORD { BringWindow = 1, LeaveHidden = 2 };
+
 // `NoDesktop` for a window that is to be seen now.
 DesktopId DesktopElsewhere(HWND window) noexcept {
     const SeenRow chain = SeeWithOwners(window);
@@ -31,13 +34,13 @@ void SetKeyboardTimer() noexcept {
 }
 
 void AnswerCall(HWND window, DesktopId desktop) noexcept {
-    switch (settings.CallElsewhere()) {
-    case CallAnswer::Follow: Activate(desktop); break;
-    case CallAnswer::Bring: SendWindowTo(window, CurrentDesktopId(), false); break;
-    case CallAnswer::Ignore:
+    switch (settings.HiddenActivation()) {
+    case BringWindow: SendWindowTo(window, CurrentDesktopId(), false); break;
+    case LeaveHidden:
         HideAgain(window, desktop);
         SetKeyboardTimer();
         break;
+    default: Activate(desktop);
     }
 }
 

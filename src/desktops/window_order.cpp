@@ -21,7 +21,17 @@ unsigned PlaceOfNewcomer(const Row<ListedWindow>& present, unsigned index, const
         const unsigned position = placed.IndexOf(present[above - 1].key);
         if (position < placed.Count()) return position + 1;
     }
-    return placed.Count() ? 1 : 0;
+    return 1;
+}
+
+WindowKey RootOf(const Row<ListedWindow>& windows, WindowKey key) noexcept {
+    constexpr int Depth = 16;  // owners can't form a ring, but the row is of several moments
+    for (int step = 0; step < Depth; ++step) {
+        const unsigned index = IndexOfKey(windows, key);
+        if (index == windows.Count() || IndexOfKey(windows, windows[index].owner) == windows.Count()) break;
+        key = windows[index].owner;
+    }
+    return key;
 }
 
 // For each position whether it belongs to the longest ascending run.
@@ -67,10 +77,22 @@ KeyRow WantedOrder(const Row<ListedWindow>& present, const KeyRow& remembered) n
     KeyRow wanted;
     for (const WindowKey key : remembered)
         if (IndexOfKey(present, key) < present.Count()) wanted.Add(key);
-    for (unsigned index = 0; index < present.Count(); ++index)
-        if (!wanted.Has(present[index].key))
-            wanted.Insert(PlaceOfNewcomer(present, index, wanted), present[index].key);
+    const bool known = wanted.Count() > 0;
+    // From the bottom up: an owner comes before what it owns.
+    for (unsigned index = present.Count(); index > 0; --index)
+        if (!wanted.Has(present[index - 1].key))
+            wanted.Insert(known ? PlaceOfNewcomer(present, index - 1, wanted) : 0, present[index - 1].key);
     return wanted;
+}
+
+void RaiseGroup(KeyRow& order, const Row<ListedWindow>& present, WindowKey window) noexcept {
+    const WindowKey root = RootOf(present, window);
+    KeyRow raised;
+    for (const WindowKey key : order)
+        if (RootOf(present, key) == root) raised.Add(key);
+    for (const WindowKey key : order)
+        if (!raised.Has(key)) raised.Add(key);
+    if (order.Has(window)) order.Swap(raised);
 }
 
 KeyRow OrderWithLate(const KeyRow& present, const KeyRow& wanted, const KeyRow& late) noexcept {
@@ -87,13 +109,6 @@ KeyRow OrderWithLate(const KeyRow& present, const KeyRow& wanted, const KeyRow& 
         order.Insert(place, wanted[index]);
     }
     return order;
-}
-
-void MoveToTop(KeyRow& keys, WindowKey key) noexcept {
-    const unsigned index = keys.IndexOf(key);
-    if (index == keys.Count()) return;
-    keys.RemoveAt(index);
-    keys.Insert(0, key);
 }
 
 Row<Placement> PlacementsFor(const KeyRow& present, const KeyRow& wanted) noexcept {

@@ -18,15 +18,16 @@ struct ListedWindow {
     WindowKey owner;  // 0: none
 };
 
-// The order that the windows of `present` should have: that of `remembered`. A window that isn't remembered stands
-// directly above its owner if it has one there, else below the window that is above it in `present`, else second.
+// The order that the windows of `present` should have: that of `remembered`, as far as there are any of these. A window
+// that isn't remembered stands directly above its owner if it has one there, else below the nearest one that is above it
+// in `present`, else second.
 KeyRow WantedOrder(const Row<ListedWindow>& present, const KeyRow& remembered) noexcept;
+
+// Moves the window to the top of `order`, with its owners and all that they own in the order that these have.
+void RaiseGroup(KeyRow& order, const Row<ListedWindow>& present, WindowKey window) noexcept;
 
 // The order of `present`, but with each of the `late` windows below the one that it follows in `wanted`.
 KeyRow OrderWithLate(const KeyRow& present, const KeyRow& wanted, const KeyRow& late) noexcept;
-
-// `keys` with that one first; unchanged if it isn't there.
-void MoveToTop(KeyRow& keys, WindowKey key) noexcept;
 
 struct Placement {
     WindowKey window;

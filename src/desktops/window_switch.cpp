@@ -62,7 +62,8 @@ void RememberOrder(DesktopId left, const SeenRow& windows) noexcept {
     DesktopOrder* order = OrderOf(left);
     if (!order) return;
     // As long as the order of the last switch isn't put right, the one of the time before is the user's.
-    order->windows = WantedOrder(WindowsOn(left, windows), IsRepairDue() ? order->windows : KeyRow());
+    const KeyRow none;
+    order->windows = WantedOrder(WindowsOn(left, windows), IsRepairDue() ? order->windows : none);
     const WindowKey front = awaitedFront && KeeperHasKeyboard() ? awaitedFront : Foreground();
     order->front = order->windows.Has(front) ? front : 0;
 }
@@ -102,6 +103,10 @@ void DecideFront(Plan& plan, DesktopId current, bool switched) noexcept {
     }
     DesktopOrder** known = switched ? orders.Find(current) : nullptr;
     plan.front = ChooseFront(plan.windows, plan.order, known ? (*known)->front : 0);
+    if (plan.front || !foreground || IsHiddenBy(plan, foreground)) return;
+    // Nothing on this desktop can take the front: what has it may keep it, be it a window of no desktop.
+    plan.front = foreground;
+    plan.frontStays = true;
 }
 
 Plan MakePlan(DesktopId left, DesktopId current) noexcept {
@@ -109,9 +114,13 @@ Plan MakePlan(DesktopId left, DesktopId current) noexcept {
     plan.windows = SeeWindows();
     const bool switched = left != current;
     if (switched) RememberOrder(left, plan.windows);
-    DesktopOrder** known = orders.Find(current);
-    plan.order = WantedOrder(WindowsOn(current, plan.windows), known && switched ? (*known)->windows : KeyRow());
+    const Row<ListedWindow> seen = WindowsOn(current, plan.windows);
+    DesktopOrder** known = switched ? orders.Find(current) : nullptr;
+    const KeyRow none;
+    plan.order = WantedOrder(seen, known ? (*known)->windows : none);
     DecideFront(plan, current, switched);
+    // A window that came along, or that has called, is uppermost.
+    if (switched && plan.front == Foreground()) RaiseGroup(plan.order, seen, plan.front);
     return plan;
 }
 
@@ -174,6 +183,7 @@ void CarryOut(DesktopId left) noexcept {
 
 void Work(DesktopId left) noexcept {
     assert(OnServerThread());
+    if (windowDesktopMap.Count() == 0) return;
     changedMeanwhile = true;
     if (working) return;
     working = true;

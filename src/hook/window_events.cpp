@@ -42,7 +42,10 @@ void KeepPopupInFrame(HWND popup) noexcept {
 }
 
 // wParam isn't looked at: losing the activation counts as a first one as well.
-bool OnActivate(TrackedWindow& tracked) noexcept {
+bool OnActivate(TrackedWindow& tracked, bool active) noexcept {
+    // The server decides what becomes of a window that is activated although its desktop isn't to be seen.
+    if (active && GetPropA(tracked.window, HiddenMark))
+        PostMessageA(ServerWindow(), HM_WINDOW_CALLS, reinterpret_cast<WPARAM>(tracked.window), 0);
     if (tracked.placed) return true;
     if (profile.program.modeler) KeepPopupInFrame(tracked.window);
     if (tracked.IsDialog() && !profile.program.corelpp) {
@@ -63,8 +66,20 @@ bool OnSettingChange(TrackedWindow& tracked, WPARAM action) noexcept {
     return true;
 }
 
-bool OnWindowPosChanged(const TrackedWindow& tracked) noexcept {
-    PostMessageA(ServerWindow(), HM_WINDOW_CHANGED, reinterpret_cast<WPARAM>(tracked.window), 1);
+// Whether the window has been shown (1), or hidden or minimised (0); -1: neither.
+int ChangeOfVisibility(HWND window, UINT flags) noexcept {
+    constexpr UINT StateChanged = 0x8000;  // SWP_STATECHANGED, which the headers leave out
+    const auto style = static_cast<DWORD>(GetWindowLongA(window, GWL_STYLE));
+    if (style & WS_CHILD) return -1;
+    if ((flags & SWP_HIDEWINDOW) || ((flags & StateChanged) && (style & WS_MINIMIZE))) return 0;
+    return flags & SWP_SHOWWINDOW ? 1 : -1;
+}
+
+bool OnWindowPosChanged(const TrackedWindow& tracked, const WINDOWPOS* position) noexcept {
+    const auto window = reinterpret_cast<WPARAM>(tracked.window);
+    PostMessageA(ServerWindow(), HM_WINDOW_CHANGED, window, 1);
+    const int change = position ? ChangeOfVisibility(tracked.window, position->flags) : -1;
+    if (change >= 0) PostMessageA(ServerWindow(), HM_WINDOW_SHOWN, window, change);
     return true;
 }
 
@@ -131,10 +146,10 @@ bool OnEnterSizeMove(TrackedWindow& tracked) noexcept {
 bool DispatchWindowEvent(TrackedWindow& tracked, const CWPRETSTRUCT& event) noexcept {
     switch (event.message) {
     case WM_NCHITTEST: return OnNcHitTest(tracked, event.lResult);
-    case WM_WINDOWPOSCHANGED: return OnWindowPosChanged(tracked);
+    case WM_WINDOWPOSCHANGED: return OnWindowPosChanged(tracked, reinterpret_cast<const WINDOWPOS*>(event.lParam));
     case WM_CREATE: return OnCreate(tracked);
     case WM_DESTROY: return OnDestroy(tracked);
-    case WM_ACTIVATE: return OnActivate(tracked);
+    case WM_ACTIVATE: return OnActivate(tracked, LOWORD(event.wParam) != WA_INACTIVE);
     case WM_SETTINGCHANGE: return OnSettingChange(tracked, event.wParam);
     case WM_STYLECHANGED:
         return OnStyleChanged(tracked, event.wParam, reinterpret_cast<const STYLESTRUCT*>(event.lParam));

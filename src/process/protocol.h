@@ -42,10 +42,12 @@ inline constexpr DWORD NotInTray = static_cast<DWORD>(-1);  // the answer when t
 
 // Timers of the server window.
 enum ServerTimer : UINT {
-    PurgeTimer = 1,        // every 30 s: drops dead windows from the map
+    PurgeTimer = 1,        // every 30 s: drops dead windows from the map, and brings the others in line
+    KeyboardTimer = 2,     // once, after a window has gone: some window must have the keyboard
     FindCursorTimer = 21,  // every 50 ms while the find-cursor animation runs
 };
 inline constexpr UINT PurgePeriod = 30000;      // ms
+inline constexpr UINT KeyboardPeriod = 150;     // ms that the platform gets to choose a window by itself
 inline constexpr UINT FindCursorPeriod = 50;    // ms
 inline constexpr UINT BroadcastTimeout = 2000;  // ms that a hung program can hold a broadcast up
 

@@ -44,12 +44,12 @@ LRESULT OnDestroy() {
 }
 
 LRESULT CALLBACK PopupProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message < WM_USER) InterlockedIncrement(&messageCounts[message]);
     if (message == ShowAs) return ShowWindow(window, static_cast<int>(wParam));
     return DefWindowProcA(window, message, wParam, lParam);
 }
 
 LRESULT CALLBACK MainProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message < WM_USER) InterlockedIncrement(&messageCounts[message]);
     switch (message) {
     case OpenPopup: return OnOpenPopup(window, wParam != 0);
     case Hang: return OnHang(static_cast<DWORD>(wParam));

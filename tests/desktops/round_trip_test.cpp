@@ -1,0 +1,136 @@
+// A desktop that is left and found again is as it was.
+#include "support/desktop_fixture.h"
+#include "support/input.h"
+#include "support/picture.h"
+
+#include <algorithm>
+#include <random>
+#include <vector>
+
+#include <shlwapi.h>
+
+namespace halyard::test {
+
+namespace {
+
+constexpr int Trips = 20;
+
+// Ctrl and Alt with a letter for the action.
+void BindHotkey(const char* action, BYTE key) {
+    const BYTE binding[8] = {1, 1, 0, 0, key};
+    SHSetValueA(HKEY_CURRENT_USER, "Software\\Tevral, Inc.\\Halyard\\HotKeys", action, REG_BINARY, binding,
+                sizeof(binding));
+}
+
+class RoundTripTest : public DesktopTest {
+protected:
+    // Of six programs: one with three windows, an owner with a modal dialog, a topmost, a maximised and a minimised one.
+    void OpenWindows() {
+        const Sample several = Open("Several", "--count 3 --at 60,60,420,300");
+        for (const char* title : {"Several 2", "Several 3"})
+            windows.push_back(WindowOf(several.program->Id(), title));
+        const Sample owner = Open("Owner", "--at 300,200,420,300");
+        const HWND dialog = OpenPopup(owner, true);
+        EnableWindow(owner.window, FALSE);
+        windows.push_back(dialog);
+        SetWindowPos(Open("Topmost", "--at 500,80,300,200").window, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+        Ask(Open("Maximised", "--at 1100,80,300,200").window, sample::ShowAs, SW_SHOWMAXIMIZED);
+        Ask(Open("Minimised", "--at 200,400,300,200").window, sample::ShowAs, SW_MINIMIZE);
+        Open("Plain", "--at 420,340,380,260");
+        ASSERT_TRUE(WindowsBecome(0, 8));
+    }
+    Sample Open(const std::string& title, const std::string& switches) {
+        const Sample sample = OpenSample(title, switches);
+        programs.push_back(sample);
+        windows.push_back(sample.window);
+        return sample;
+    }
+    // All that the user can tell one moment from another by, but for the picture.
+    std::string State() {
+        std::string text;
+        for (HWND window : TopLevelWindows()) {
+            if (std::find(windows.begin(), windows.end(), window) == windows.end()) continue;
+            char title[64] = {};
+            GetWindowTextA(window, title, sizeof(title));
+            const RECT place = PlaceOf(window);
+            char line[160];
+            wsprintfA(line, "%s%s%s%s%s%s%s %ld,%ld %ldx%ld\n", title, IsWindowVisible(window) ? "" : " hidden",
+                      IsIconic(window) ? " minimised" : "", IsZoomed(window) ? " maximised" : "",
+                      IsWindowEnabled(window) ? "" : " disabled",
+                      GetWindowLongA(window, GWL_EXSTYLE) & WS_EX_TOPMOST ? " topmost" : "",
+                      GetForegroundWindow() == window ? " in front" : "", place.left, place.top,
+                      place.right - place.left, place.bottom - place.top);
+            text += line;
+        }
+        return text;
+    }
+    // As a user does, who clicks a window.
+    void Raise(HWND window) {
+        SetForegroundWindow(window);
+        SetWindowPos(window, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+        EXPECT_TRUE(Eventually([&] { return GetForegroundWindow() == window; })) << Describe(window);
+    }
+    std::vector<LRESULT> KeysSoFar() {
+        std::vector<LRESULT> counts;
+        for (const Sample& program : programs)
+            counts.push_back(Ask(program.window, sample::CountMessage, WM_KEYUP));
+        return counts;
+    }
+    // Which program a key reaches; the number of programs for none.
+    std::size_t KeyReaches() {
+        const std::vector<LRESULT> before = KeysSoFar();
+        std::size_t reached = programs.size();
+        TapKey("x");
+        Eventually([&] {
+            const std::vector<LRESULT> now = KeysSoFar();
+            for (std::size_t index = 0; index < now.size(); ++index)
+                if (now[index] != before[index]) reached = index;
+            return reached < programs.size();
+        }, 3000);
+        return reached;
+    }
+    std::size_t ProgramOf(HWND window) {
+        DWORD process = 0;
+        GetWindowThreadProcessId(window, &process);
+        std::size_t index = 0;
+        while (index < programs.size() && programs[index].program->Id() != process)
+            ++index;
+        return index;
+    }
+    bool IsSettled(const std::string& wanted, const std::vector<unsigned char>& picture) {
+        return Eventually([&] { return State() == wanted && ScreenPixels() == picture; }, 4000);
+    }
+
+    std::vector<Sample> programs;
+    std::vector<HWND> windows;
+};
+
+TEST_F(RoundTripTest, ComesBackInItsOrderWithItsFrontByHotkey) {
+    BindHotkey("4", 'N');
+    BindHotkey("5", 'P');
+    StartLoader();
+    OpenWindows();
+    std::mt19937 random(5);
+    for (int trip = 0; trip < Trips; ++trip) {
+        SCOPED_TRACE("trip " + std::to_string(trip));
+        for (int raised = 0; raised < 3; ++raised) {
+            HWND window = windows[random() % windows.size()];
+            if (IsWindowEnabled(window) && !IsIconic(window)) Raise(window);
+        }
+        HWND front = GetForegroundWindow();
+        ASSERT_TRUE(BringToFront(front));
+        const std::string before = State();
+        const std::vector<unsigned char> picture = ScreenPixels();
+        TapKey("ctrl+alt+n");
+        for (HWND window : windows)
+            ASSERT_TRUE(BecomesHidden(window));
+        TapKey("ctrl+alt+p");
+        EXPECT_TRUE(IsSettled(before, picture)) << "before:\n" << before << "after:\n" << State() << "the picture is "
+                                                << (ScreenPixels() == picture ? "the same" : "another");
+        EXPECT_EQ(KeyReaches(), ProgramOf(front)) << Describe(front);
+    }
+}
+
+}  // namespace
+
+}  // namespace halyard::test
