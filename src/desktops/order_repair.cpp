@@ -12,7 +12,7 @@ namespace {
 
 constexpr DWORD StillTime = 120;       // ms without a change until the list counts as still
 constexpr DWORD PollPeriod = 40;       // ms
-constexpr DWORD Patience = 10000;      // ms to wait for stillness
+constexpr DWORD Patience = 5000;       // ms to wait for stillness
 constexpr UINT AnswerTimeout = 100;    // ms that a program gets to answer
 constexpr UINT PlacingTimeout = 300;   // ms that a program gets to place a window
 constexpr int Rounds = 3;              // of placing, since placing can itself be answered by changes
@@ -96,13 +96,31 @@ bool AreEqual(const KeyRow& one, const KeyRow& other) noexcept {
     return true;
 }
 
+Row<ListedWindow> WithOwners(const KeyRow& keys) noexcept {
+    Row<ListedWindow> windows;
+    for (const WindowKey key : keys)
+        windows.Add({key, HandleBits(GetWindow(WindowOf(key), GW_OWNER))});
+    return windows;
+}
+
+// The user brings windows to the front while the order is being put right.
+void FollowFront(Job& job) noexcept {
+    const WindowKey front = HandleBits(GetForegroundWindow());
+    if (front == job.front || job.arrived.Count() > 0 || !job.wanted.Has(front)) return;
+    job.front = front;
+    RaiseGroup(job.wanted, WithOwners(job.wanted), front);
+    const Guard guard(repair.lock.Section());
+    if (job.number == repair.number) repair.wanted = CopyOf(job.wanted);
+}
+
 // False when another job has come.
-bool AwaitStillness(const Job& job) noexcept {
+bool AwaitStillness(Job& job) noexcept {
     const DWORD start = GetTickCount();
     DWORD lastChange = start;
     KeyRow before;
     while (!IsReplaced(job)) {
         const DWORD asked = GetTickCount();
+        FollowFront(job);
         KeyRow present = PresentOrder(job.wanted);
         const DWORD now = GetTickCount();
         if (!AreEqual(present, before)) lastChange = now;
@@ -137,13 +155,6 @@ bool IsTopmost(WindowKey key) noexcept {
     return (GetWindowLongA(WindowOf(key), GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
 }
 
-Row<ListedWindow> WithOwners(const KeyRow& keys) noexcept {
-    Row<ListedWindow> windows;
-    for (const WindowKey key : keys)
-        windows.Add({key, HandleBits(GetWindow(WindowOf(key), GW_OWNER))});
-    return windows;
-}
-
 KeyRow Band(const KeyRow& keys, const KeyRow& topmost, bool upper) noexcept {
     KeyRow band;
     for (const WindowKey key : keys)
@@ -161,7 +172,8 @@ void Place(const Placement& placement, AnsweringThreads& threads) noexcept {
 }
 
 // Whether there was anything to do.
-bool PutInOrder(const Job& job, AnsweringThreads& threads) noexcept {
+bool PutInOrder(Job& job, AnsweringThreads& threads) noexcept {
+    FollowFront(job);
     KeyRow present;
     KeyRow topmost;
     for (const WindowKey key : PresentOrder(job.wanted)) {
@@ -170,11 +182,7 @@ bool PutInOrder(const Job& job, AnsweringThreads& threads) noexcept {
         if (IsTopmost(key)) topmost.Add(key);
     }
     KeyRow wanted = Intersection(job.wanted, present);
-    const WindowKey front = HandleBits(GetForegroundWindow());
-    if (job.arrived.Count() > 0)
-        wanted = OrderWithLate(present, wanted, job.arrived);
-    else if (front != job.front)
-        RaiseGroup(wanted, WithOwners(present), front);
+    if (job.arrived.Count() > 0) wanted = OrderWithLate(present, wanted, job.arrived);
     unsigned placed = 0;
     for (const bool upper : {true, false}) {
         for (const Placement& placement : PlacementsFor(Band(present, topmost, upper), Band(wanted, topmost, upper))) {
@@ -249,8 +257,9 @@ void RepairLateWindow(WindowKey window) noexcept {
     });
 }
 
-bool IsRepairDue() noexcept {
+bool OrderInRepair(KeyRow& order) noexcept {
     const Guard guard(repair.lock.Section());
+    if (repair.due) order = CopyOf(repair.wanted);
     return repair.due;
 }
 

@@ -7,16 +7,16 @@
 namespace halyard {
 
 // Once the list of windows has been still for a moment, brings the visible ones of `wanted` into that order, from the top
-// down. Windows of programs that don't answer are left out. `front`: the window that the switch gave the foreground; if
-// another one has it by then, the user has gone on, and that one comes first. A later order replaces one that isn't
+// down. Windows of programs that don't answer are left out. `front`: the window that the switch gave the foreground; when
+// another one gets it meanwhile, the user has gone on, and that one comes first. A later order replaces one that isn't
 // carried out yet. Server's thread.
 void RepairOrder(const KeyRow& wanted, WindowKey front) noexcept;
 
 // A window that was left out by the last repair has followed at last: it alone takes its place. Nothing for others.
 void RepairLateWindow(WindowKey window) noexcept;
 
-// Whether the last order waits to be carried out: until then the present order isn't what the user left.
-bool IsRepairDue() noexcept;
+// While the last order waits to be carried out, the present order isn't the user's: this is. False when none waits.
+bool OrderInRepair(KeyRow& order) noexcept;
 void DropRepair() noexcept;
 
 }  // namespace halyard

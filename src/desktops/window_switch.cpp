@@ -61,10 +61,12 @@ Row<ListedWindow> WindowsOn(DesktopId desktop, const SeenRow& windows) noexcept 
 void RememberOrder(DesktopId left, const SeenRow& windows) noexcept {
     DesktopOrder* order = OrderOf(left);
     if (!order) return;
-    // As long as the order of the last switch isn't put right, the one of the time before is the user's.
-    const KeyRow none;
-    order->windows = WantedOrder(WindowsOn(left, windows), IsRepairDue() ? order->windows : none);
     const WindowKey front = awaitedFront && KeeperHasKeyboard() ? awaitedFront : Foreground();
+    const Row<ListedWindow> present = WindowsOn(left, windows);
+    KeyRow inRepair;
+    const bool due = OrderInRepair(inRepair);
+    order->windows = WantedOrder(present, inRepair);
+    if (due && front != order->front) RaiseGroup(order->windows, present, front);
     order->front = order->windows.Has(front) ? front : 0;
 }
 

@@ -28,7 +28,7 @@ protected:
     void OpenWindows() {
         const Sample several = Open("Several", "--count 3 --at 60,60,420,300");
         for (const char* title : {"Several 2", "Several 3"})
-            windows.push_back(WindowOf(several.program->Id(), title));
+            windows.push_back(Find(several, title));
         const Sample owner = Open("Owner", "--at 300,200,420,300");
         const HWND dialog = OpenPopup(owner, true);
         EnableWindow(owner.window, FALSE);
@@ -44,6 +44,11 @@ protected:
         programs.push_back(sample);
         windows.push_back(sample.window);
         return sample;
+    }
+    static HWND Find(const Sample& sample, const char* title) {
+        HWND window = nullptr;
+        EXPECT_TRUE(Eventually([&] { return (window = WindowOf(sample.program->Id(), title)) != nullptr; })) << title;
+        return window;
     }
     // All that the user can tell one moment from another by, but for the picture.
     std::string State() {
