@@ -25,17 +25,15 @@ void DropDefaultBackground() noexcept {
     if (session.Open(HKEY_CURRENT_USER, SessionKey, KEY_ALL_ACCESS)) session.DeleteSubkey(BackgroundKey);
 }
 
-bool TakeDefaultBackground(Desktop& standard) noexcept {
+bool ReadDefaultBackground(Desktop& standard) noexcept {
     RegistryKey session;
     RegistryKey background;
-    if (!session.Open(HKEY_CURRENT_USER, SessionKey, KEY_ALL_ACCESS) ||
+    if (!session.Open(HKEY_CURRENT_USER, SessionKey, KEY_READ) ||
         !background.Open(session.get(), BackgroundKey, KEY_READ))
         return false;
     const TextBuffer name = standard.name;
     ReadDesktop(background, standard);
     standard.name = name;
-    background.Close();
-    session.DeleteSubkey(BackgroundKey);
     return true;
 }
 

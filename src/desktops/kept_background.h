@@ -11,7 +11,7 @@ namespace halyard {
 void KeepDefaultBackground(const Desktop& standard) noexcept;
 void DropDefaultBackground() noexcept;
 
-// Takes the background that was kept into `standard` and drops it; false when none was kept.
-bool TakeDefaultBackground(Desktop& standard) noexcept;
+// Takes the background that was kept into `standard`; false when none was.
+bool ReadDefaultBackground(Desktop& standard) noexcept;
 
 }  // namespace halyard

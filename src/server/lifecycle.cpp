@@ -27,7 +27,8 @@ void StartServer() noexcept {
         CaptureBackground(*standard);
         if (ClearDeadServer()) {
             ShowMarkedWindows();
-            if (TakeDefaultBackground(*standard)) ApplyBackground(*standard);
+            if (ReadDefaultBackground(*standard)) ApplyBackground(*standard);
+            DropDefaultBackground();
         }
     }
     // The hooks talk to the window at once, so that they come behind it.
