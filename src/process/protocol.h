@@ -29,6 +29,7 @@ enum ServerMessage : UINT {
     HM_WINDOW_RETURNS = 1196,      // window memory, posted; wParam: window, lParam: the desktop that it reopens on
     HM_WINDOW_SHOWN = 1201,        // a hooked process, posted; wParam: window, lParam 1: it has been shown, 0: hidden
     HM_WINDOW_CALLS = 1202,        // a hooked process, posted; wParam: a window with the mark that has been activated
+    HM_ICON_READ = 1198,           // a thread of the server process that reads a program's icon, posted
     HM_COUNT_WINDOWS = 1195,       // the loader, sent; lParam: desktop id. Result: windows that the map has there
 };
 
