@@ -30,8 +30,8 @@ protected:
     void Open() {
         StartLoader();
         frame = OpenFrame("Dragged", Place);
-        other = WindowOf(frame.program->Id(), "Dragged 2");
         ASSERT_TRUE(WindowsBecome(0, 2));
+        other = WindowOf(frame.program->Id(), "Dragged 2");
         SetWindowPos(other, HWND_BOTTOM, 40, 400, 300, 240, SWP_NOACTIVATE);
         ASSERT_TRUE(BringToFront(frame.window));
     }
@@ -77,6 +77,7 @@ TEST_F(DragTest, DocksAtInnerBordersOnly) {
         }
         drag.Drop();
         EXPECT_TRUE(BecomesPlaced(frame.window, At(steps.back().second))) << "dropped";
+        PostMessageA(other, WM_CLOSE, 0, 0);
         Close(frame);
         QuitLoader();
     }
