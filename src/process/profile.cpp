@@ -33,6 +33,7 @@ void ReadSystemVersion(Profile& target) noexcept {
     const bool isWine = EntryOf<void (*)()>(core, "wine_get_version") != nullptr;
     target.tracksButtonsWithoutCapture = isWine;
     target.placesFromWorkArea = !isWine;
+    target.copiesMinimiseRects = target.isNtFamily && !isWine;
 }
 
 void ReadProgramFlags(Profile& target) noexcept {

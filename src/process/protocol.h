@@ -24,6 +24,7 @@ enum ServerMessage : UINT {
     HM_TASKBAR_DELETE = 1193,      // task manager, posted; lParam: a retired taskbar
     HM_CALL = 1194,                // RunOnServerThread in the server process, sent; lParam: ticket of the call
     HM_WINDOW_RETURNS = 1196,      // window memory, posted; wParam: window, lParam: the desktop that it reopens on
+    HM_ICON_READ = 1198,           // a thread of the server process that reads a program's icon, posted
     HM_COUNT_WINDOWS = 1195,       // the loader, sent; lParam: desktop id. Result: windows that the map has there
 };
 

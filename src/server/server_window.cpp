@@ -12,9 +12,11 @@
 #include "server/lifecycle.h"
 #include "settings/settings.h"
 #include "taskbars/extras.h"
+#include "taskbars/live_taskbars.h"
 #include "taskbars/shell/shell_tabs.h"
 #include "taskbars/task_list.h"
 #include "taskbars/taskbar_manager.h"
+#include "taskbars/window_icon.h"
 
 namespace halyard {
 
@@ -80,6 +82,11 @@ LRESULT OnTabAdd(HWND target) noexcept {
 
 LRESULT OnTabDelete(HWND target) noexcept {
     DeleteTab(target);
+    return 0;
+}
+
+LRESULT OnIconRead() noexcept {
+    GiveReadIcons();
     return 0;
 }
 
@@ -165,6 +172,7 @@ LRESULT CALLBACK ServerWndProc(HWND window, UINT message, WPARAM wParam, LPARAM 
     case HM_TAB_ADD: return OnTabAdd(AsWindow(wParam));
     case HM_TAB_DELETE: return OnTabDelete(AsWindow(wParam));
     case HM_TASKBAR_DELETE: return OnTaskbarDelete(lParam);
+    case HM_ICON_READ: return OnIconRead();
     case HM_CALL: return OnCall(lParam);
     case HM_WINDOW_RETURNS: return OnWindowReturns(AsWindow(wParam), AsDesktopId(lParam));
     case HM_COUNT_WINDOWS: return OnCountWindows(AsDesktopId(lParam));
