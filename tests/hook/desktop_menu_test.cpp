@@ -44,7 +44,7 @@ TEST_F(DesktopMenuTest, HasOneItemThatOpensTheSettings) {
 
     OpenMenu();
     EXPECT_EQ(ReportOf({shell.program, view}, sample::ReportMenu),
-              "100 \"Refresh\"\n0 ----\n64771 \"Tevral Properties\"\n")
+              "100 \"Refresh\"\n0 ---- grey\n64771 \"Tevral Properties\"\n")
         << "opened twice";
     EXPECT_EQ(Sheet(), nullptr) << "for the shell's own item: " << Describe(Sheet());
     const LRESULT place = ItemPlace();

@@ -8,6 +8,7 @@ namespace sample {
 
 namespace {
 
+constexpr char PopupClass[] = "HalyardSamplePopup";
 constexpr ULONG_PTR ScreenAddress = 0x59E5A0;  // of the modelling programs' width; the height follows
 char image[0x200000];                          // the image's memory reaches beyond that address
 
@@ -20,7 +21,6 @@ DWORD mainThread = 0;
 LONG mainWindows = 0, hides = 0;
 LONG messageCounts[WM_USER] = {};
 HMENU shellMenu = nullptr;
-HWND hiddenOwner = nullptr;
 LONG_PTR ownProcedure = 0;
 char* report = nullptr;
 
@@ -115,11 +115,25 @@ LRESULT OnReportSizes(HWND window) {
     return Report(text);
 }
 
+LRESULT CALLBACK PopupProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == ShowAs) return ShowWindow(window, static_cast<int>(wParam));
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
+HWND Open(const std::string& name, WNDPROC procedure, const std::string& text, DWORD style, HWND parent, int shift) {
+    WNDCLASSA made = {};
+    made.lpfnWndProc = procedure;
+    made.hInstance = GetModuleHandleA(nullptr);
+    made.hCursor = LoadCursorA(nullptr, reinterpret_cast<LPCSTR>(IDC_ARROW));
+    made.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1);
+    made.lpszClassName = name.c_str();
+    RegisterClassA(&made);
+    return CreateWindowA(name.c_str(), text.c_str(), style, place.left + shift, place.top + shift,
+                         place.right - place.left, place.bottom - place.top, parent, nullptr, made.hInstance, nullptr);
+}
+
 LRESULT OnOpenPopup(HWND owner, bool visible) {
-    RECT rect;
-    GetWindowRect(owner, &rect);
-    const HWND popup = CreateWindowA("HalyardSamplePopup", "Popup", WS_POPUP | WS_CAPTION, rect.left + 60,
-                                     rect.top + 60, 160, 120, owner, nullptr, GetModuleHandleA(nullptr), nullptr);
+    const HWND popup = Open(PopupClass, PopupProc, "Popup", WS_POPUP | WS_CAPTION, owner, 60);
     if (visible) ShowWindow(popup, SW_SHOWNA);
     return reinterpret_cast<LRESULT>(popup);
 }
@@ -138,7 +152,9 @@ LRESULT OnOpenDialog(HWND window, WPARAM kind, POINT corner) {
         WORD menu, windowClass, title;
     };
     alignas(DWORD) static const Template box = {{WS_POPUP | WS_CAPTION | WS_SYSMENU, 0, 0, 0, 0, 100, 60}, 0, 0, 0};
-    const HWND owner = kind == VisibleOwner ? window : kind == HiddenOwner ? hiddenOwner : nullptr;
+    const HWND owner = kind == VisibleOwner  ? window
+                       : kind == HiddenOwner ? Open(PopupClass, PopupProc, "Owner", WS_OVERLAPPEDWINDOW, nullptr, 0)
+                                             : nullptr;
     const HWND dialog = CreateDialogIndirectParamA(GetModuleHandleA(nullptr), &box.header, owner, DialogProc, 0);
     SetWindowPos(dialog, nullptr, corner.x, corner.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
     return reinterpret_cast<LRESULT>(dialog);
@@ -175,11 +191,6 @@ LRESULT OnDestroy() {
     return 0;
 }
 
-LRESULT CALLBACK PopupProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == ShowAs) return ShowWindow(window, static_cast<int>(wParam));
-    return DefWindowProcA(window, message, wParam, lParam);
-}
-
 LRESULT CALLBACK MainProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message < WM_USER) InterlockedIncrement(&messageCounts[message]);
     switch (message) {
@@ -206,18 +217,6 @@ LRESULT CALLBACK MainProc(HWND window, UINT message, WPARAM wParam, LPARAM lPara
     case WM_DESTROY: return OnDestroy();
     }
     return PopupProc(window, message, wParam, lParam);
-}
-
-HWND Open(const std::string& name, WNDPROC procedure, const std::string& text, DWORD style, HWND parent, int shift) {
-    WNDCLASSA made = {};
-    made.lpfnWndProc = procedure;
-    made.hInstance = GetModuleHandleA(nullptr);
-    made.hCursor = LoadCursorA(nullptr, reinterpret_cast<LPCSTR>(IDC_ARROW));
-    made.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1);
-    made.lpszClassName = name.c_str();
-    RegisterClassA(&made);
-    return CreateWindowA(name.c_str(), text.c_str(), style, place.left + shift, place.top + shift,
-                         place.right - place.left, place.bottom - place.top, parent, nullptr, made.hInstance, nullptr);
 }
 
 void OpenMain(int number) {
@@ -289,7 +288,6 @@ int Run(int arguments, char** texts) {
     report = static_cast<char*>(MapViewOfFile(block, FILE_MAP_WRITE, 0, 0, ReportSize));
     mainThread = GetCurrentThreadId();
     mainWindows = count;
-    hiddenOwner = Open("HalyardSamplePopup", PopupProc, "Hidden owner", WS_OVERLAPPEDWINDOW, nullptr, 0);
     if (shell) {
         OpenShell();
     } else {
