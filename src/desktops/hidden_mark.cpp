@@ -4,7 +4,8 @@ namespace halyard {
 
 namespace {
 
-constexpr UINT InPlace = SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOOWNERZORDER | SWP_ASYNCWINDOWPOS;
+constexpr UINT InPlace =
+    SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOOWNERZORDER | SWP_ASYNCWINDOWPOS;
 
 // A property can't be 0, an id can.
 HANDLE ValueOf(DesktopId desktop) noexcept {

@@ -6,8 +6,8 @@
 
 namespace halyard {
 
-// `standard`: the default desktop with the background that it has just been left with. Lost silently where the key can't
-// be written.
+// `standard`: the default desktop with the background that it has just been left with. Lost silently where the key
+// can't be written.
 void KeepDefaultBackground(const Desktop& standard) noexcept;
 void DropDefaultBackground() noexcept;
 

@@ -54,8 +54,8 @@ void RaiseKeeper() noexcept {
 
 void TakeKeyboard() noexcept {
     RaiseKeeper();
-    // X ignores a request for the focus that is older than the last change of it, and Wine gives the request the time of
-    // the thread's last message. So there must be one now.
+    // X ignores a request for the focus that is older than the last change of it, and Wine gives the request the time
+    // of the thread's last message. So there must be one now.
     MSG message;
     PostMessageA(keeper, KM_WAKE, 0, 0);
     PeekMessageA(&message, keeper, KM_WAKE, KM_WAKE, PM_REMOVE);

@@ -1,6 +1,6 @@
-// A window of ours that nobody sees. It takes the foreground while a switch hides and shows windows, so that the platform
-// activates none of them by itself, and keeps it where nothing else can have it: without a focused window X delivers no
-// keys, and then no hotkey would lead away from an empty desktop.
+// A window of ours that nobody sees. It takes the foreground while a switch hides and shows windows, so that the
+// platform activates none of them by itself, and keeps it where nothing else can have it: without a focused window X
+// delivers no keys, and then no hotkey would lead away from an empty desktop.
 #pragma once
 
 #include "common/win_types.h"

@@ -10,12 +10,12 @@ namespace halyard {
 
 namespace {
 
-constexpr DWORD StillTime = 120;       // ms without a change until the list counts as still
-constexpr DWORD PollPeriod = 40;       // ms
-constexpr DWORD Patience = 5000;       // ms to wait for stillness
-constexpr UINT AnswerTimeout = 100;    // ms that a program gets to answer
-constexpr UINT PlacingTimeout = 300;   // ms that a program gets to place a window
-constexpr int Rounds = 3;              // of placing, since placing can itself be answered by changes
+constexpr DWORD StillTime = 120;      // ms without a change until the list counts as still
+constexpr DWORD PollPeriod = 40;      // ms
+constexpr DWORD Patience = 5000;      // ms to wait for stillness
+constexpr UINT AnswerTimeout = 100;   // ms that a program gets to answer
+constexpr UINT PlacingTimeout = 300;  // ms that a program gets to place a window
+constexpr int Rounds = 3;             // of placing, since placing can itself be answered by changes
 
 struct Job {
     KeyRow wanted;
@@ -137,7 +137,8 @@ class AnsweringThreads {
 public:
     bool Has(HWND window) noexcept {
         const DWORD thread = GetWindowThreadProcessId(window, nullptr);
-        if (!answering.Has(thread) && !silent.Has(thread)) (Answers(window, AnswerTimeout) ? answering : silent).Add(thread);
+        if (!answering.Has(thread) && !silent.Has(thread))
+            (Answers(window, AnswerTimeout) ? answering : silent).Add(thread);
         return answering.Has(thread);
     }
     void Drop(HWND window) noexcept {

@@ -6,10 +6,10 @@
 
 namespace halyard {
 
-// Once the list of windows has been still for a moment, brings the visible ones of `wanted` into that order, from the top
-// down. Windows of programs that don't answer are left out. `front`: the window that the switch gave the foreground; when
-// another one gets it meanwhile, the user has gone on, and that one comes first. A later order replaces one that isn't
-// carried out yet. Server's thread.
+// Once the list of windows has been still for a moment, brings the visible ones of `wanted` into that order, from the
+// top down. Windows of programs that don't answer are left out. `front`: the window that the switch gave the
+// foreground; when another one gets it meanwhile, the user has gone on, and that one comes first. A later order
+// replaces one that isn't carried out yet. Server's thread.
 void RepairOrder(const KeyRow& wanted, WindowKey front) noexcept;
 
 // A window that was left out by the last repair has followed at last: it alone takes its place. Nothing for others.

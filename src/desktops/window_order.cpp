@@ -118,8 +118,7 @@ Row<Placement> PlacementsFor(const KeyRow& present, const KeyRow& wanted) noexce
     const Row<bool> stays = LongestRun(ranks);
     Row<Placement> placements;
     for (unsigned index = 0; index < wanted.Count(); ++index)
-        if (!stays[present.IndexOf(wanted[index])])
-            placements.Add({wanted[index], index > 0 ? wanted[index - 1] : 0});
+        if (!stays[present.IndexOf(wanted[index])]) placements.Add({wanted[index], index > 0 ? wanted[index - 1] : 0});
     return placements;
 }
 

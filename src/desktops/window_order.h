@@ -19,8 +19,8 @@ struct ListedWindow {
 };
 
 // The order that the windows of `present` should have: that of `remembered`, as far as there are any of these. A window
-// that isn't remembered stands directly above its owner if it has one there, else below the nearest one that is above it
-// in `present`, else second.
+// that isn't remembered stands directly above its owner if it has one there, else below the nearest one that is above
+// it in `present`, else second.
 KeyRow WantedOrder(const Row<ListedWindow>& present, const KeyRow& remembered) noexcept;
 
 // Moves the window to the top of `order`, with its owners and all that they own in the order that these have.

@@ -1,5 +1,5 @@
-// Hides and shows windows so that those of the current desktop are seen, in the order and with the front that the desktop
-// was left with. Nothing here waits for a program that doesn't answer. On the server's thread.
+// Hides and shows windows so that those of the current desktop are seen, in the order and with the front that the
+// desktop was left with. Nothing here waits for a program that doesn't answer. On the server's thread.
 #pragma once
 
 #include "common/win_types.h"
@@ -14,8 +14,8 @@ void SwitchWindows(DesktopId left) noexcept;
 // unless it has been hidden: then the next window gets it.
 void BringInLine() noexcept;
 
-// A report of the window's process, or a choice of the user there. A window new to the map is only recorded; a known one
-// goes to the desktop at once.
+// A report of the window's process, or a choice of the user there. A window new to the map is only recorded; a known
+// one goes to the desktop at once.
 void AssignWindow(HWND window, DesktopId desktop) noexcept;
 
 // Puts the window on the map's desktop with those that it can't be without: the owner that it has disabled, or the one

@@ -41,12 +41,19 @@ void KeepPopupInFrame(HWND popup) noexcept {
     SetWindowPos(popup, nullptr, place.x, place.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-// wParam isn't looked at: losing the activation counts as a first one as well.
+// Once, when the window comes into sight.
+void BringBack(TrackedWindow& tracked) noexcept {
+    const bool remembers = settings.RemembersWindows();
+    // In that program a dialog is placed later.
+    tracked.placed = remembers || !profile.program.corelpp || !tracked.IsDialog();
+    if (remembers) RestoreWindowMemory(tracked);
+}
+
 bool OnActivate(TrackedWindow& tracked, bool active) noexcept {
     // The server decides what becomes of a window that is activated although its desktop isn't to be seen.
-    if (active && GetPropA(tracked.window, HiddenMark))
+    if (active && ServerWindow() && GetPropA(tracked.window, HiddenMark))
         PostMessageA(ServerWindow(), HM_WINDOW_CALLS, reinterpret_cast<WPARAM>(tracked.window), 0);
-    if (tracked.placed) return true;
+    if (tracked.placed || !active) return true;
     if (profile.program.modeler) KeepPopupInFrame(tracked.window);
     if (tracked.IsDialog() && !profile.program.corelpp) {
         PlaceDialog(tracked);
@@ -54,10 +61,7 @@ bool OnActivate(TrackedWindow& tracked, bool active) noexcept {
     }
     if (!tracked.IsManaged()) return true;
     tracked.lastHitTest = 0;
-    if (settings.RemembersWindows()) {
-        RestoreWindowMemory(tracked);
-        tracked.placed = true;
-    }
+    BringBack(tracked);
     return true;
 }
 
@@ -66,20 +70,30 @@ bool OnSettingChange(TrackedWindow& tracked, WPARAM action) noexcept {
     return true;
 }
 
-// Whether the window has been shown (1), or hidden or minimised (0); -1: neither.
-int ChangeOfVisibility(HWND window, UINT flags) noexcept {
+enum class Sight { Unchanged, Shown, Gone };
+
+Sight ChangeOfSight(HWND window, UINT flags) noexcept {
     constexpr UINT StateChanged = 0x8000;  // SWP_STATECHANGED, which the headers leave out
     const auto style = static_cast<DWORD>(GetWindowLongA(window, GWL_STYLE));
-    if (style & WS_CHILD) return -1;
-    if ((flags & SWP_HIDEWINDOW) || ((flags & StateChanged) && (style & WS_MINIMIZE))) return 0;
-    return flags & SWP_SHOWWINDOW ? 1 : -1;
+    if (style & WS_CHILD) return Sight::Unchanged;
+    if ((flags & SWP_HIDEWINDOW) || ((flags & StateChanged) && (style & WS_MINIMIZE))) return Sight::Gone;
+    return flags & SWP_SHOWWINDOW ? Sight::Shown : Sight::Unchanged;
 }
 
-bool OnWindowPosChanged(const TrackedWindow& tracked, const WINDOWPOS* position) noexcept {
-    const auto window = reinterpret_cast<WPARAM>(tracked.window);
-    PostMessageA(ServerWindow(), HM_WINDOW_CHANGED, window, 1);
-    const int change = position ? ChangeOfVisibility(tracked.window, position->flags) : -1;
-    if (change >= 0) PostMessageA(ServerWindow(), HM_WINDOW_SHOWN, window, change);
+void TellServer(HWND window, Sight change) noexcept {
+    if (!ServerWindow()) return;
+    const auto wParam = reinterpret_cast<WPARAM>(window);
+    PostMessageA(ServerWindow(), HM_WINDOW_CHANGED, wParam, 1);
+    if (change != Sight::Unchanged) PostMessageA(ServerWindow(), HM_WINDOW_SHOWN, wParam, change == Sight::Shown);
+}
+
+bool OnWindowPosChanged(TrackedWindow& tracked, const WINDOWPOS* position) noexcept {
+    const Sight change = position ? ChangeOfSight(tracked.window, position->flags) : Sight::Unchanged;
+    TellServer(tracked.window, change);
+    // A program may activate its window before it shows it, or not at all. A window that is shown minimised comes into
+    // sight later.
+    const bool comes = change == Sight::Shown && !IsIconic(tracked.window);
+    if (comes && !tracked.placed && tracked.IsManaged() && !tracked.IsDialog()) BringBack(tracked);
     return true;
 }
 

@@ -43,8 +43,8 @@ TEST(WantedOrder, IsTheRememberedOneWithNewcomersAtSensiblePlaces) {
         const char* wanted;
     };
     constexpr Case Cases[] = {
-        {"CAB", "", "CAB"},       {"CAB", "ABC", "ABC"},    {"CA", "ABC", "AC"},     {"CAXB", "ABC", "AXBC"},
-        {"XYAB", "AB", "AXYB"},   {"XaAB", "BA", "BXA"},    {"ZyYaAB", "AB", "ZYAB"}, {"X", "ABC", "X"},
+        {"CAB", "", "CAB"},     {"CAB", "ABC", "ABC"}, {"CA", "ABC", "AC"},      {"CAXB", "ABC", "AXBC"},
+        {"XYAB", "AB", "AXYB"}, {"XaAB", "BA", "BXA"}, {"ZyYaAB", "AB", "ZYAB"}, {"X", "ABC", "X"},
     };
     for (const Case& test : Cases)
         EXPECT_EQ(test.wanted, Text(WantedOrder(Listed(test.present), Keys(test.remembered))))
@@ -83,7 +83,7 @@ TEST(PlacementsFor, MoveAsFewAsPossible) {
         const char* present;
         unsigned moves;
     };
-    constexpr Case Cases[] = {{"", 0},      {"A", 0},      {"ABCDE", 0}, {"BCDEA", 1}, {"EABCD", 1},
+    constexpr Case Cases[] = {{"", 0},      {"A", 0},     {"ABCDE", 0}, {"BCDEA", 1}, {"EABCD", 1},
                               {"BACDE", 1}, {"EDCBA", 4}, {"DEABC", 2}, {"ADBEC", 2}};
     for (const Case& test : Cases) {
         std::string wanted = test.present;
