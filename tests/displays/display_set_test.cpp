@@ -20,7 +20,7 @@ TEST(DisplaySet, TakesTenDisplaysInAnyOrder) {
             // Handles that are no smaller when they are negative as signed numbers; bars at some of the edges.
             const auto place = [](unsigned index) {
                 const auto left = static_cast<LONG>(index) * 800 - 800;
-                return RECT{left + 30, index % 2 ? 0L : -40L, left + 800, 600 - static_cast<LONG>(index)};
+                return RECT{left + 30, index % 2 ? LONG{0} : LONG{-40}, left + 800, 600 - static_cast<LONG>(index)};
             };
             for (const unsigned index : order)
                 set.Add(0x7FFFFFF8 + index, place(index));
