@@ -83,16 +83,6 @@ TEST_F(DragTest, DocksAtInnerBordersOnly) {
     }
 }
 
-TEST_F(DragEndTest, SizingDocksNothing) {
-    Open();
-    Drag drag(frame.window, LowerRightCornerOf(frame.window));
-    drag.SlowlyTo(200, 60);
-    EXPECT_TRUE(BecomesPlaced(frame.window, {600, 100, 1100, 400}));
-    EXPECT_EQ(OpacityOf(frame.window), -1);
-    drag.Drop();
-    ExpectDocking(frame.window);
-}
-
 TEST_F(DragEndTest, EscapePutsTheWindowBack) {
     Open();
     Ask(frame.window, sample::MakeLayered, 100);
@@ -104,18 +94,6 @@ TEST_F(DragEndTest, EscapePutsTheWindowBack) {
     EXPECT_TRUE(BecomesPlaced(frame.window, At({600, 100})));
     EXPECT_TRUE(Eventually([&] { return OpacityOf(frame.window) == 100; }));
     drag.Drop();
-    ExpectDocking(other);
-}
-
-TEST_F(DragEndTest, AWindowThatGoesLeavesTheNextOneWatched) {
-    Open();
-    Ask(frame.window, sample::DestroyAtMove, 3);
-    {
-        Drag drag(frame.window);
-        // Over the border, so that some steps dock and don't reach the program.
-        drag.SlowlyTo(400, 0);
-        EXPECT_TRUE(Eventually([&] { return !IsWindow(frame.window); })) << Describe(frame.window);
-    }
     ExpectDocking(other);
 }
 

@@ -13,8 +13,8 @@ using Record = std::vector<BYTE>;
 // The numbers after the two switches, each in four bytes.
 Record RecordOf(LONG show, const RECT& rect, LONG flags = 2) {
     Record record = {1, 1};
-    for (const LONG number :
-         {44L, flags, show, -32000L, -31999L, -4L, -3L, rect.left, rect.top, rect.right, rect.bottom})
+    const LONG numbers[] = {44, flags, show, -32000, -31999, -4, -3, rect.left, rect.top, rect.right, rect.bottom};
+    for (const LONG number : numbers)
         for (int shift = 0; shift < 32; shift += 8)
             record.push_back(static_cast<BYTE>(static_cast<DWORD>(number) >> shift));
     return record;

@@ -14,7 +14,7 @@ char image[0x200000];                          // the image's memory reaches bey
 
 std::string title = DefaultTitle, windowClass = DefaultClass;
 RECT place = {40, 40, 360, 280};
-int count = 1, showCommand = SW_SHOW, screenWidth = 0, movesUntilDestroyed = 0;
+int count = 1, showCommand = SW_SHOW, screenWidth = 0;
 bool ownThreads = false, colour = false, shell = false, holdsScreen = false;
 
 DWORD mainThread = 0;
@@ -90,29 +90,27 @@ std::string SizesText(HWND window, RectFn rectOf, ParameterFn parameter) {
     rectOf(window, &rects[2]);
     UINT lines = 0;
     parameter(SPI_GETWHEELSCROLLLINES, 0, &lines);
-    std::string text;
+    char text[128] = {};
     for (const RECT& rect : rects)
-        text += std::to_string(rect.left) + "," + std::to_string(rect.top) + "," + std::to_string(rect.right) + "," +
-                std::to_string(rect.bottom) + " ";
-    return text + "lines " + std::to_string(lines) + "\n";
+        wsprintfA(text + lstrlenA(text), "%ld,%ld,%ld,%ld ", rect.left, rect.top, rect.right, rect.bottom);
+    return std::string(text) + "lines " + std::to_string(lines) + "\n";
 }
 
 LRESULT OnReportSizes(HWND window) {
-    std::string text;
-    if (const HMODULE layer = LoadLibraryA("ExtensionLayer.dll")) {
-        const auto entry = [&](const char* name) { return reinterpret_cast<void*>(GetProcAddress(layer, name)); };
-        text = "layer " + SizesText(window, reinterpret_cast<RectFn>(entry("LayerWindowRect")),
-                                    reinterpret_cast<ParameterFn>(entry("LayerParameter")));
-    }
-    text += "program " +
-            SizesText(
-                window, [](HWND of, RECT* rect) { return GetWindowRect(of, rect); },
-                [](UINT action, UINT param, void* data) { return SystemParametersInfoA(action, param, data, 0); });
     if (holdsScreen) {
         const int* screen = Screen(PAGE_READWRITE);
-        text = "screen " + std::to_string(screen[0]) + "x" + std::to_string(screen[1]);
+        return Report("screen " + std::to_string(screen[0]) + "x" + std::to_string(screen[1]));
     }
-    return Report(text);
+    const HMODULE layer = LoadLibraryA("ExtensionLayer.dll");
+    const auto entry = [&](const char* name) { return reinterpret_cast<void*>(GetProcAddress(layer, name)); };
+    const auto ownRect = [](HWND of, RECT* rect) { return GetWindowRect(of, rect); };
+    const auto ownParameter = [](UINT action, UINT param, void* data) {
+        return SystemParametersInfoA(action, param, data, 0);
+    };
+    return Report("layer " +
+                  SizesText(window, reinterpret_cast<RectFn>(entry("LayerWindowRect")),
+                            reinterpret_cast<ParameterFn>(entry("LayerParameter"))) +
+                  "program " + SizesText(window, ownRect, ownParameter));
 }
 
 LRESULT CALLBACK PopupProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -204,13 +202,9 @@ LRESULT CALLBACK MainProc(HWND window, UINT message, WPARAM wParam, LPARAM lPara
     case ItemPlace: return PlaceOfItem(MenuOf(window), static_cast<UINT>(wParam));
     case OpenDialog: return OnOpenDialog(window, wParam, PointOf(lParam));
     case Activate: return SetActiveWindow(window) != nullptr;
-    case DestroyAtMove: return movesUntilDestroyed = static_cast<int>(wParam);
     case HasOwnProcedure: return GetWindowLongPtrA(window, GWLP_WNDPROC) == ownProcedure;
     case MakeLayered: return OnMakeLayered(window, static_cast<BYTE>(wParam));
     case ReportSizes: return OnReportSizes(window);
-    case WM_MOVING:
-        if (movesUntilDestroyed > 0 && --movesUntilDestroyed == 0) DestroyWindow(window);
-        return TRUE;
     case WM_WINDOWPOSCHANGED:
         if (reinterpret_cast<const WINDOWPOS*>(lParam)->flags & SWP_HIDEWINDOW) InterlockedIncrement(&hides);
         break;

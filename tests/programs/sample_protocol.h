@@ -31,7 +31,6 @@ enum Message : UINT {
     ItemPlace,            // wParam: id of an item of an open menu. The answer is its centre on the screen, 0 for none
     OpenDialog,           // wParam: an `Owner`; lParam: the place. The answer is the handle; it isn't shown yet
     Activate,             // makes the window the active one of its thread, shown or not
-    DestroyAtMove,        // wParam: the WM_MOVING of its drag at which the window destroys itself
     HasOwnProcedure,      // whether the window's procedure is the one that the program gave it
     MakeLayered,          // wParam: opacity
     ReportSizes,          // writes what "ExtensionLayer.dll" of the program's folder and the program itself are told
