@@ -61,6 +61,20 @@ struct LibraryTraits {
 };
 using Library = Owned<LibraryTraits>;
 
+struct MenuTraits {
+    using Handle = HMENU;
+    static Handle Invalid() noexcept { return nullptr; }
+    static void Close(Handle handle) noexcept { DestroyMenu(handle); }
+};
+using Menu = Owned<MenuTraits>;
+
+struct IconTraits {
+    using Handle = HICON;
+    static Handle Invalid() noexcept { return nullptr; }
+    static void Close(Handle handle) noexcept { DestroyIcon(handle); }
+};
+using Icon = Owned<IconTraits>;
+
 // The screen's device context.
 class ScreenDc {
 public:
@@ -73,6 +87,22 @@ public:
     HDC get() const noexcept { return dc; }
 
 private:
+    HDC dc;
+};
+
+// The device context of a whole window, frame included.
+class WindowDc {
+public:
+    explicit WindowDc(HWND owner) noexcept : window(owner), dc(GetWindowDC(owner)) {}
+    WindowDc(const WindowDc&) = delete;
+    WindowDc& operator=(const WindowDc&) = delete;
+    ~WindowDc() {
+        if (dc) ReleaseDC(window, dc);
+    }
+    HDC get() const noexcept { return dc; }
+
+private:
+    HWND window;
     HDC dc;
 };
 

@@ -41,7 +41,18 @@ void KeepPopupInFrame(HWND popup) noexcept {
     SetWindowPos(popup, nullptr, place.x, place.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+// Once, when the window comes into sight.
+void BringBack(TrackedWindow& tracked) noexcept {
+    const bool remembers = settings.RemembersWindows();
+    // In that program a dialog is placed later.
+    tracked.placed = remembers || !profile.program.corelpp || !tracked.IsDialog();
+    if (remembers) RestoreWindowMemory(tracked);
+}
+
 bool OnActivate(TrackedWindow& tracked, bool active) noexcept {
+    // The server decides what becomes of a window that is activated although its desktop isn't to be seen.
+    if (active && ServerWindow() && GetPropA(tracked.window, HiddenMark))
+        PostMessageA(ServerWindow(), HM_WINDOW_CALLS, reinterpret_cast<WPARAM>(tracked.window), 0);
     if (tracked.placed || !active) return true;
     if (profile.program.modeler) KeepPopupInFrame(tracked.window);
     if (tracked.IsDialog() && !profile.program.corelpp) {
@@ -50,10 +61,7 @@ bool OnActivate(TrackedWindow& tracked, bool active) noexcept {
     }
     if (!tracked.IsManaged()) return true;
     tracked.lastHitTest = 0;
-    if (settings.RemembersWindows()) {
-        RestoreWindowMemory(tracked);
-        tracked.placed = true;
-    }
+    BringBack(tracked);
     return true;
 }
 
@@ -62,8 +70,30 @@ bool OnSettingChange(TrackedWindow& tracked, WPARAM action) noexcept {
     return true;
 }
 
-bool OnWindowPosChanged(const TrackedWindow& tracked) noexcept {
-    if (ServerWindow()) PostMessageA(ServerWindow(), HM_WINDOW_CHANGED, reinterpret_cast<WPARAM>(tracked.window), 1);
+enum class Sight { Unchanged, Shown, Gone };
+
+Sight ChangeOfSight(HWND window, UINT flags) noexcept {
+    constexpr UINT StateChanged = 0x8000;  // SWP_STATECHANGED, which the headers leave out
+    const auto style = static_cast<DWORD>(GetWindowLongA(window, GWL_STYLE));
+    if (style & WS_CHILD) return Sight::Unchanged;
+    if ((flags & SWP_HIDEWINDOW) || ((flags & StateChanged) && (style & WS_MINIMIZE))) return Sight::Gone;
+    return flags & SWP_SHOWWINDOW ? Sight::Shown : Sight::Unchanged;
+}
+
+void TellServer(HWND window, Sight change) noexcept {
+    if (!ServerWindow()) return;
+    const auto wParam = reinterpret_cast<WPARAM>(window);
+    PostMessageA(ServerWindow(), HM_WINDOW_CHANGED, wParam, 1);
+    if (change != Sight::Unchanged) PostMessageA(ServerWindow(), HM_WINDOW_SHOWN, wParam, change == Sight::Shown);
+}
+
+bool OnWindowPosChanged(TrackedWindow& tracked, const WINDOWPOS* position) noexcept {
+    const Sight change = position ? ChangeOfSight(tracked.window, position->flags) : Sight::Unchanged;
+    TellServer(tracked.window, change);
+    // A program may activate its window before it shows it, or not at all. A window that is shown minimised comes into
+    // sight later.
+    const bool comes = change == Sight::Shown && !IsIconic(tracked.window);
+    if (comes && !tracked.placed && tracked.IsManaged() && !tracked.IsDialog()) BringBack(tracked);
     return true;
 }
 
@@ -130,7 +160,7 @@ bool OnEnterSizeMove(TrackedWindow& tracked) noexcept {
 bool DispatchWindowEvent(TrackedWindow& tracked, const CWPRETSTRUCT& event) noexcept {
     switch (event.message) {
     case WM_NCHITTEST: return OnNcHitTest(tracked, event.lResult);
-    case WM_WINDOWPOSCHANGED: return OnWindowPosChanged(tracked);
+    case WM_WINDOWPOSCHANGED: return OnWindowPosChanged(tracked, reinterpret_cast<const WINDOWPOS*>(event.lParam));
     case WM_CREATE: return OnCreate(tracked);
     case WM_DESTROY: return OnDestroy(tracked);
     case WM_ACTIVATE: return OnActivate(tracked, LOWORD(event.wParam) != WA_INACTIVE);

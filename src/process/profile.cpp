@@ -34,6 +34,7 @@ void ReadSystemVersion(Profile& target) noexcept {
     target.tracksButtonsWithoutCapture = isWine;
     target.postsMenuCommands = isWine;
     target.placesFromWorkArea = !isWine;
+    target.copiesMinimiseRects = target.isNtFamily && !isWine;
 }
 
 void ReadProgramFlags(Profile& target) noexcept {

@@ -4,8 +4,9 @@
 #include "desktops/background.h"
 #include "desktops/desktop_list.h"
 #include "desktops/desktop_switch.h"
-#include "desktops/session_record.h"
-#include "desktops/window_desktop_map.h"
+#include "desktops/hidden_mark.h"
+#include "desktops/kept_background.h"
+#include "desktops/window_switch.h"
 #include "hook/hook_procs.h"
 #include "hotkeys/hotkeys.h"
 #include "process/broadcasts.h"
@@ -28,7 +29,9 @@ bool StartServer() noexcept {
     BindCom();
     if (Desktop* standard = desktopList.Find(DefaultDesktopId)) {
         CaptureBackground(*standard);
-        if (RecoverSession(*standard)) ApplyBackground(*standard);
+        ShowMarkedWindows();
+        if (ReadDefaultBackground(*standard)) ApplyBackground(*standard);
+        DropDefaultBackground();
     }
     // Before the hooks, which talk to the window at once.
     CreateServerWindow();
@@ -98,8 +101,9 @@ void DropHooks() noexcept {
 void RemoveHooks() noexcept {
     if (!HooksInstalled()) return;
     SetHooksInstalled(false);
-    windowDesktopMap.ReleaseAll();
+    // First the default desktop with its order and front, then the windows of the others.
     Activate(DefaultDesktopId);
+    ReleaseAllWindows();
     UnregisterHotkeys();
     BroadcastEnd();
     DropHooks();

@@ -4,8 +4,8 @@ namespace halyard {
 
 namespace {
 
-constexpr UINT ShellTimeout = 1000;    // ms
-constexpr DWORD SilencePeriod = 5000;  // ms for which a shell that let that time pass isn't asked again
+constexpr UINT ShellTimeout = 200;    // ms that a shell has to show that it answers
+constexpr DWORD SilencePeriod = 500;  // ms for which a shell that let that time pass isn't asked again
 
 struct Silence {
     bool noted = false;
@@ -13,9 +13,15 @@ struct Silence {
 };
 
 Silence silence;
+RECT primaryTaskbarRect = {};
 
+HWND TrayWindow() noexcept {
+    return FindWindowA("Shell_TrayWnd", nullptr);
+}
+
+// The shell's calls themselves would wait as long as the shell hangs.
 bool ShellAnswers() noexcept {
-    HWND tray = FindWindowA("Shell_TrayWnd", nullptr);
+    HWND tray = TrayWindow();
     if (!tray) return true;
     if (silence.noted && GetTickCount() - silence.since < SilencePeriod) return false;
     DWORD_PTR answer = 0;
@@ -24,11 +30,74 @@ bool ShellAnswers() noexcept {
     return !silence.noted;
 }
 
+// False: the shell doesn't answer, or refuses.
+bool Tell(const SecondaryTaskbar& bar, DWORD message, const RECT& place = {}) noexcept {
+    APPBARDATA data = {};
+    data.cbSize = sizeof(data);
+    data.hWnd = bar.window;
+    data.uCallbackMessage = AppBarCallback;
+    data.uEdge = bar.shape.edge;
+    data.rc = place;
+    return ShellAnswers() && SHAppBarMessage(message, &data);
+}
+
+// Whether the shell knows now what it should.
+bool TryToTell(SecondaryTaskbar& bar, const RECT& place) noexcept {
+    if (bar.autohide) {
+        if (bar.registered && !ShellAnswers()) return false;
+        if (bar.registered) Tell(bar, ABM_REMOVE);
+        bar.registered = false;
+        return true;
+    }
+    if (!bar.registered) bar.registered = Tell(bar, ABM_NEW);
+    if (!bar.registered || !ShellAnswers()) return false;
+    // The shell writes back where it would rather have the bar. It would stack bars of one edge, but each of these has
+    // its display for itself, and stands as computed.
+    Tell(bar, ABM_SETPOS, place);
+    return true;
+}
+
 }  // namespace
 
-void CallAppBar(DWORD message, APPBARDATA& data) noexcept {
+void UpdateAppBar(SecondaryTaskbar& bar, const RECT& place) noexcept {
+    // A shell that starts later announces itself.
+    if (TryToTell(bar, place) || !TrayWindow())
+        KillTimer(bar.window, AppBarTimer);
+    else
+        SetTimer(bar.window, AppBarTimer, AppBarRetryPeriod, nullptr);
+}
+
+void RetryAppBar(SecondaryTaskbar& bar) noexcept {
+    if (!bar.busy) UpdateAppBar(bar, bar.windowRect);
+}
+
+void RegisterAppBarAnew(SecondaryTaskbar& bar) noexcept {
+    // A shell that does remember the bar wouldn't register it twice.
+    if (bar.registered) Tell(bar, ABM_REMOVE);
+    bar.registered = false;
+    UpdateAppBar(bar, bar.windowRect);
+}
+
+void ReleaseAppBar(SecondaryTaskbar& bar) noexcept {
+    if (bar.registered) Tell(bar, ABM_REMOVE);
+    bar.registered = false;
+}
+
+void ReadPrimaryTaskbarRect() noexcept {
+    APPBARDATA data = {};
     data.cbSize = sizeof(data);
-    if (ShellAnswers()) SHAppBarMessage(message, &data);
+    if (ShellAnswers()) SHAppBarMessage(ABM_GETTASKBARPOS, &data);
+    primaryTaskbarRect = data.rc;
+    // Not every shell's answer follows its taskbar.
+    RECT seen = {};
+    RECT common = {};
+    HWND tray = TrayWindow();
+    if (tray && IsWindowVisible(tray) && GetWindowRect(tray, &seen) && !IntersectRect(&common, &seen, &data.rc))
+        primaryTaskbarRect = seen;
+}
+
+const RECT& PrimaryTaskbarRect() noexcept {
+    return primaryTaskbarRect;
 }
 
 }  // namespace halyard

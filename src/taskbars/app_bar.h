@@ -1,14 +1,30 @@
-// The shell's calls about bars that are docked at the edges of displays. On the server's thread.
+// What the shell is told and asked about bars that are docked at the edges of displays. On the server's thread. A shell
+// that doesn't answer soon is not waited for.
 #pragma once
 
-#include "common/win_types.h"
+#include "taskbars/secondary_taskbar.h"
 
 #include <shellapi.h>
 
 namespace halyard {
 
-// `data` as the platform's call takes it, but for its size; it takes what the shell writes back. A shell that doesn't
-// answer at all is not asked, since the call would wait as long as the shell hangs: the bar then reserves nothing.
-void CallAppBar(DWORD message, APPBARDATA& data) noexcept;
+inline constexpr UINT AppBarCallback = 1315;     // from the shell to the bar; wParam: which notice
+inline constexpr UINT_PTR AppBarTimer = 122;     // of the bar's window: time to try the shell again
+inline constexpr UINT AppBarRetryPeriod = 1000;  // ms
+
+// Tells the shell of the bar: one that doesn't hide is registered and reserves `place`, an auto-hide bar isn't
+// registered. What the shell can't be told now is told by `RetryAppBar`.
+void UpdateAppBar(SecondaryTaskbar& bar, const RECT& place) noexcept;
+// AppBarTimer.
+void RetryAppBar(SecondaryTaskbar& bar) noexcept;
+// The shell has started anew, and knows nothing of the bar.
+void RegisterAppBarAnew(SecondaryTaskbar& bar) noexcept;
+// The bar's window has gone, and its space with it.
+void ReleaseAppBar(SecondaryTaskbar& bar) noexcept;
+
+// Notes where the shell's taskbar stands.
+void ReadPrimaryTaskbarRect() noexcept;
+// As noted; empty before.
+const RECT& PrimaryTaskbarRect() noexcept;
 
 }  // namespace halyard

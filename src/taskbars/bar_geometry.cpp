@@ -25,7 +25,7 @@ const EdgeTraits& TraitsOf(DWORD edge) noexcept {
     return edge <= BottomEdge ? Edges[edge] : NoEdge;
 }
 
-// The part of `rect` along its edge, so deep.
+// The part of `rect` along one of its edges: `width` deep at the left or right, `height` deep at the top or bottom.
 RECT AlongEdge(const RECT& rect, DWORD edge, LONG width, LONG height) noexcept {
     switch (edge) {
     case LeftEdge: return {rect.left, rect.top, rect.left + width, rect.bottom};
@@ -56,7 +56,7 @@ LONG ConstrainedWidth(LONG width, LONG most, const TaskbarMetrics& metrics) noex
     return std::min(width, most);
 }
 
-// As 32-bit numbers on every machine: what a wider register holds would tell apart what is the same here.
+// Rounded to 32 bits on every machine. Two ratios that are the same then could differ in a wider register.
 float Ratio(LONG above, LONG below) noexcept {
     const volatile float ratio = static_cast<float>(above) / static_cast<float>(below);
     return ratio;
@@ -121,6 +121,17 @@ RECT LessSizingStrip(const RECT& bar, DWORD edge) noexcept {
     case BottomEdge: rest.top += SizingStrip; break;
     }
     return rest;
+}
+
+RECT DraggedSize(const RECT& bar, DWORD edge, POINT from, POINT to) noexcept {
+    RECT size = bar;
+    switch (edge) {
+    case LeftEdge: size.right += to.x - from.x; break;
+    case TopEdge: size.bottom += to.y - from.y; break;
+    case RightEdge: size.left += to.x - from.x; break;
+    case BottomEdge: size.top += to.y - from.y; break;
+    }
+    return size;
 }
 
 RECT ConstrainSize(const RECT& proposed, const RECT& display, bool autohide, BarShape& shape,

@@ -42,6 +42,9 @@ bool IsOnSizingStrip(const RECT& bar, DWORD edge, POINT point) noexcept;
 // `bar` without its inner side.
 RECT LessSizingStrip(const RECT& bar, DWORD edge) noexcept;
 
+// A bar whose inner side follows the cursor, which took it at `from` and is at `to` now.
+RECT DraggedSize(const RECT& bar, DWORD edge, POINT from, POINT to) noexcept;
+
 // What a user's sizing of a bar to `proposed` comes to: the rows or the width in `shape`, the rectangle as the result.
 // Neither more than half the display nor less than a row; small enough, the bar collapses, but not an auto-hide bar on
 // the top or bottom edge.

@@ -1,6 +1,6 @@
-// How the buttons look where the platform doesn't draw them as a taskbar's.
+#include "taskbars/button_painting.h"
+
 #include "process/profile.h"
-#include "taskbars/task_buttons.h"
 #include "taskbars/taskbar_theme.h"
 
 namespace halyard {
@@ -63,7 +63,7 @@ LRESULT DrawItem(SecondaryTaskbar& bar, const NMCUSTOMDRAW& item) noexcept {
     const auto plain = reinterpret_cast<HFONT>(SendMessageA(bar.toolbar, WM_GETFONT, 0, 0));
     SelectObject(item.hdc, checked ? bar.boldFont.get() : plain);
     if (!profile.isWindows2000 && !HasForeignTheme()) return CDRF_NEWFONT;
-    const auto* button = reinterpret_cast<const TaskButton*>(item.lItemlParam);
+    const TaskButton* button = ButtonAtAddress(bar, static_cast<ULONG_PTR>(item.lItemlParam));
     if (button) DrawWhole(bar, item.hdc, item.rc, *button, checked, item.uItemState & CDIS_SELECTED);
     return CDRF_SKIPDEFAULT;
 }

@@ -5,7 +5,6 @@
 #include "process/shared_section.h"
 #include "taskbars/app_bar.h"
 #include "taskbars/task_buttons.h"
-#include "taskbars/taskbar_manager.h"
 #include "taskbars/taskbar_theme.h"
 
 namespace halyard {
@@ -18,21 +17,26 @@ constexpr UINT KeepPlace = SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE;
 // The one that the user drags to another edge.
 SecondaryTaskbar* dragTaskbar = nullptr;
 
-POINT PointOf(LPARAM lParam) noexcept {
-    return {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
+// The bar that the user sizes, and how it began.
+struct Sizing {
+    const SecondaryTaskbar* bar = nullptr;
+    RECT place = {};  // of the bar
+    POINT cursor = {};
+};
+
+Sizing sizing;
+
+// Where the message that is being handled found the cursor.
+POINT MessagePoint() noexcept {
+    return PointOf(static_cast<LPARAM>(GetMessagePos()));
 }
 
 void MoveTo(HWND window, const RECT& place) noexcept {
     MoveWindow(window, place.left, place.top, WidthOf(place), HeightOf(place), TRUE);
 }
 
-void TellAppBar(const SecondaryTaskbar& bar, DWORD message, const RECT& place = {}) noexcept {
-    APPBARDATA data = {};
-    data.hWnd = bar.window;
-    data.uCallbackMessage = AppBarCallback;
-    data.uEdge = bar.shape.edge;
-    data.rc = place;
-    CallAppBar(message, data);
+RECT HiddenPlace(const SecondaryTaskbar& bar) noexcept {
+    return HiddenBarRect(bar.displayRect, bar.shape.edge, ActiveMetrics());
 }
 
 HWND LayerOf(const SecondaryTaskbar& bar) noexcept {
@@ -47,41 +51,32 @@ RECT ComputeTaskbarRect(const SecondaryTaskbar& bar) noexcept {
 
 void ApplyTaskbarRect(SecondaryTaskbar& bar, bool reserve, bool force) noexcept {
     const RECT place = ComputeTaskbarRect(bar);
-    // Bars of one edge would be stacked by the platform; each has its display for itself, and stands as computed.
-    if (reserve) TellAppBar(bar, ABM_SETPOS, place);
+    if (reserve) UpdateAppBar(bar, place);
     const bool same = SameRect(place, bar.windowRect);
     if (same && !force) return;
     bar.windowRect = place;
     ApplyToolbarMetrics(bar);
-    // Otherwise the platform would see no change of size.
+    // Without this, the platform would see no change of size.
     if (same) MoveWindow(bar.window, place.left, place.top, 0, 0, FALSE);
-    MoveTo(bar.window, place);
+    MoveTo(bar.window, bar.hidden ? HiddenPlace(bar) : place);
 }
 
 void SetAutohide(SecondaryTaskbar& bar, bool on) noexcept {
-    if (on && !bar.autohide) {
-        ApplyTaskbarRect(bar, false, false);
-        TellAppBar(bar, ABM_REMOVE);
-        bar.hidden = false;
-        SetTimer(bar.window, HideTimer, HidePeriod, nullptr);
-    } else if (!on && bar.autohide) {
-        // Only an auto-hide bar slides back.
-        SlideTaskbar(bar, false);
-        TellAppBar(bar, ABM_NEW);
-        ApplyTaskbarRect(bar, true, false);
-    }
+    if (on == bar.autohide) return;
+    // Only an auto-hide bar slides back.
+    SlideTaskbar(bar, false);
     bar.autohide = on;
-}
-
-void ReleaseSpace(const SecondaryTaskbar& bar) noexcept {
-    TellAppBar(bar, ABM_REMOVE);
+    ApplyTaskbarRect(bar, true, false);
+    if (on) SetTimer(bar.window, HideTimer, HidePeriod, nullptr);
 }
 
 void SlideTaskbar(SecondaryTaskbar& bar, bool hide) noexcept {
     if (!bar.autohide || bar.hidden == hide) return;
     bar.hidden = hide;
+    // The strip that remains is the bar's own, so that the cursor there brings the bar back and not a button.
+    ShowWindow(bar.toolbar, hide ? SW_HIDE : SW_SHOWNA);
     if (hide) {
-        MoveTo(bar.window, HiddenBarRect(bar.displayRect, bar.shape.edge, ActiveMetrics()));
+        MoveTo(bar.window, HiddenPlace(bar));
         return;
     }
     SetWindowPos(bar.window, LayerOf(bar), 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE);
@@ -140,22 +135,38 @@ void EndDrag() noexcept {
     dragTaskbar = nullptr;
     bar.busy = false;
     ApplyTaskbarRect(bar, true, false);
-    ReleaseCapture();
+    // Another window may have the mouse by now.
+    if (GetCapture() == bar.window) ReleaseCapture();
 }
 
 void ForgetDrag(const SecondaryTaskbar& bar) noexcept {
     if (dragTaskbar == &bar) dragTaskbar = nullptr;
+    if (sizing.bar == &bar) sizing.bar = nullptr;
 }
 
 LRESULT HitTestBar(SecondaryTaskbar& bar, LPARAM where) noexcept {
     SlideTaskbar(bar, false);
     if (bar.shape.locked) return HTCLIENT;
-    // A themed bar sets the strip apart, and all else of it is the toolbar's.
-    if (DrawsWithTheme()) return SizingCode(bar.shape.edge);
-    return IsOnSizingStrip(bar.windowRect, bar.shape.edge, PointOf(where)) ? SizingCode(bar.shape.edge) : HTNOWHERE;
+    if (IsOnSizingStrip(bar.windowRect, bar.shape.edge, PointOf(where))) return SizingCode(bar.shape.edge);
+    // A themed bar shows beside its buttons where they stand in the middle of their row.
+    return DrawsWithTheme() ? HTCLIENT : HTNOWHERE;
+}
+
+void StartSizing(SecondaryTaskbar& bar) noexcept {
+    bar.busy = true;
+    sizing = {&bar, bar.windowRect, MessagePoint()};
+}
+
+void EndSizing(SecondaryTaskbar& bar) noexcept {
+    bar.busy = false;
+    sizing.bar = nullptr;
+    ApplyTaskbarRect(bar, true, false);
 }
 
 void ConstrainSizing(SecondaryTaskbar& bar, RECT& proposed) noexcept {
+    // The platform may count each step from the size that the bar was given at the one before. A row is higher than a
+    // small step, which would be lost each time.
+    if (sizing.bar == &bar) proposed = DraggedSize(sizing.place, bar.shape.edge, sizing.cursor, MessagePoint());
     const DWORD rows = bar.shape.rows;
     proposed = ConstrainSize(proposed, bar.displayRect, bar.autohide, bar.shape, ActiveMetrics());
     if (bar.shape.rows != rows) SizeButtons(bar);

@@ -6,9 +6,8 @@
 
 namespace halyard {
 
-inline constexpr UINT AppBarCallback = 1315;  // from the shell to the bar; wParam: which notice
-inline constexpr UINT_PTR HideTimer = 121;    // of the bar's window: looks whether the cursor has left an auto-hide bar
-inline constexpr UINT HidePeriod = 500;       // ms
+inline constexpr UINT_PTR HideTimer = 121;  // of the bar's window: looks whether the cursor has left an auto-hide bar
+inline constexpr UINT HidePeriod = 500;     // ms
 
 // Where the bar stands when shown.
 RECT ComputeTaskbarRect(const SecondaryTaskbar& bar) noexcept;
@@ -17,10 +16,8 @@ RECT ComputeTaskbarRect(const SecondaryTaskbar& bar) noexcept;
 // goes with it.
 void ApplyTaskbarRect(SecondaryTaskbar& bar, bool reserve, bool force) noexcept;
 
-// Turns a bar with reserved space into an auto-hide one and back.
+// Turns a bar with reserved space into an auto-hide one and back; nothing for a bar that is in that state.
 void SetAutohide(SecondaryTaskbar& bar, bool on) noexcept;
-// Gives the reserved space back; nothing for an auto-hide bar.
-void ReleaseSpace(const SecondaryTaskbar& bar) noexcept;
 
 // Nothing but for an auto-hide bar that is in the other state.
 void SlideTaskbar(SecondaryTaskbar& bar, bool hide) noexcept;
@@ -36,12 +33,15 @@ void ApplyOnTop(const SecondaryTaskbar& bar) noexcept;
 void StartDrag(SecondaryTaskbar& bar) noexcept;
 void ContinueDrag(HWND window, LPARAM where) noexcept;  // `where` in client coordinates of `window`
 void EndDrag() noexcept;
-// The bar goes away, dragged or not.
+// The bar goes away, whether it is being dragged or sized or not.
 void ForgetDrag(const SecondaryTaskbar& bar) noexcept;
 
 // WM_NCHITTEST, in screen coordinates. The answer is a hit-test code; asking brings a bar back that is slid away.
 LRESULT HitTestBar(SecondaryTaskbar& bar, LPARAM where) noexcept;
 
+// WM_ENTERSIZEMOVE and WM_EXITSIZEMOVE.
+void StartSizing(SecondaryTaskbar& bar) noexcept;
+void EndSizing(SecondaryTaskbar& bar) noexcept;
 // WM_SIZING: `proposed` becomes what the bar can have.
 void ConstrainSizing(SecondaryTaskbar& bar, RECT& proposed) noexcept;
 

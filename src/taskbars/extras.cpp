@@ -4,8 +4,11 @@
 #include "process/profile.h"
 #include "process/shared_section.h"
 #include "settings/settings.h"
+#include "taskbars/app_bar.h"
 #include "taskbars/shell/tray_hook.h"
+#include "taskbars/taskbar_end.h"
 #include "taskbars/taskbar_manager.h"
+#include "taskbars/taskbar_window.h"
 #include "taskbars/window_icon.h"
 
 #include <commctrl.h>
@@ -16,6 +19,7 @@ bool StartExtras() noexcept {
     if (!profile.enumDisplayMonitors) return false;
     InitCommonControls();
     InstallTrayHook();
+    ReadPrimaryTaskbarRect();
     RefreshExtras();
     return true;
 }
@@ -23,6 +27,7 @@ bool StartExtras() noexcept {
 void StopExtras() noexcept {
     RemoveTrayHook();
     DestroyAllTaskbars();
+    UnregisterTaskbarClass();
     OutliveIconAnswers();
     StopMirror();
 }

@@ -25,8 +25,8 @@ struct TaskButton {
     WORD commandId = 0;          // of the toolbar's button
 };
 
-// On the server's thread. Whoever holds a pointer to one or to its buttons across a call that lets messages in asks
-// `IsLive` again behind it: a display can go meanwhile.
+// On the server's thread. A display can go during any call that lets messages in: whoever holds a pointer to a bar or
+// to one of its buttons across such a call asks `IsLive` again after it.
 struct SecondaryTaskbar {
     DWORD displayIndex = 0;  // counted from 1; names the stored values
     HMONITOR display = nullptr;
@@ -40,13 +40,32 @@ struct SecondaryTaskbar {
     Row<TaskButton*> buttons;  // in the order of arrival; owned
     bool raised = false;       // its Z order has been put right after a full-screen program
     bool autohide = false;
-    bool hidden = false;  // slid away
-    bool busy = false;    // a menu is open, or the user moves or sizes the bar: it doesn't slide away
+    bool hidden = false;      // slid away
+    bool busy = false;        // a menu is open, or the user moves or sizes the bar: it doesn't slide away
+    bool registered = false;  // the shell knows it as an application bar
     bool onTop = false;
     bool shellHookAttached = false;
-    Font boldFont;      // these two of the checked button, made at first use
+    Font boldFont;      // font and background of the checked button, made at first use
     Brush ditherBrush;  //
     ImageList imageList;
 };
+
+// Names of the values that are stored for each bar.
+inline constexpr char EdgeValue[] = "TaskbarEdge";
+inline constexpr char AutohideValue[] = "TaskbarAutohide";
+inline constexpr char OnTopValue[] = "TaskbarOnTop";
+inline constexpr char LockedValue[] = "TaskbarLocked";
+
+// The bar's first button of that window; null without one.
+TaskButton* FindButton(const SecondaryTaskbar& bar, HWND window) noexcept;
+
+// The bar's button at that address; null where there is none. For addresses that come back from the toolbar, whose
+// entries any program can change.
+TaskButton* ButtonAtAddress(const SecondaryTaskbar& bar, ULONG_PTR address) noexcept;
+
+// The point of a mouse message, whose coordinates are signed.
+constexpr POINT PointOf(LPARAM lParam) noexcept {
+    return {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
+}
 
 }  // namespace halyard

@@ -2,31 +2,29 @@
 
 #include "common/rectangles.h"
 #include "process/profile.h"
-#include "taskbars/task_list.h"
-#include "taskbars/taskbar_manager.h"
+#include "taskbars/live_taskbars.h"
 #include "taskbars/taskbar_theme.h"
+#include "taskbars/toolbar_guard.h"
 #include "taskbars/window_icon.h"
 
 namespace halyard {
 
 namespace {
 
-constexpr WORD SeparatorBit = 0x8000;   // sets the id of a button's separator apart from its own
-constexpr int SeparatorWidth = 3;       // pixels
-constexpr UINT OpenSystemMenu = 0x313;  // asks a window to open its system menu; lParam: where, on the screen
-constexpr UINT ProgramTimeout = 2000;   // ms that a click waits for a program that is hung
+constexpr WORD SeparatorBit = 0x8000;  // sets the id of a button's separator apart from its own
+constexpr int SeparatorWidth = 3;      // pixels
 constexpr DWORD ToolbarStyle = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | TBSTYLE_TRANSPARENT | TBSTYLE_LIST |
                                TBSTYLE_WRAPABLE | TBSTYLE_TOOLTIPS | CCS_NODIVIDER | CCS_NORESIZE | CCS_TOP;
 static_assert(ToolbarStyle == 0x52009345);
 
-// With wParam or lParam as a number.
+// For messages whose lParam is not a pointer.
 LRESULT Send(const SecondaryTaskbar& bar, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) noexcept {
-    return SendMessageA(bar.toolbar, message, wParam, lParam);
+    return AskToolbar(bar.toolbar, message, wParam, lParam);
 }
 
 template <typename Structure>
 LRESULT Send(const SecondaryTaskbar& bar, UINT message, WPARAM wParam, Structure* structure) noexcept {
-    return SendMessageA(bar.toolbar, message, wParam, reinterpret_cast<LPARAM>(structure));
+    return AskToolbar(bar.toolbar, message, wParam, reinterpret_cast<LPARAM>(structure));
 }
 
 void DeleteEntry(const SecondaryTaskbar& bar, WORD commandId) noexcept {
@@ -43,13 +41,7 @@ void InsertSeparator(const SecondaryTaskbar& bar, const TBBUTTON& ahead, int pos
     Send(bar, TB_INSERTBUTTONA, static_cast<WPARAM>(position < 0 ? -1 : position + 1), &separator);
 }
 
-// A hung program gets the command when it comes round to it.
-void SendCommand(HWND window, WPARAM command) noexcept {
-    DWORD_PTR answer = 0;
-    SendMessageTimeoutA(window, WM_SYSCOMMAND, command, 0, SMTO_ABORTIFHUNG, ProgramTimeout, &answer);
-}
-
-// The button's present picture, if it has one, gives way.
+// Replaces the picture that the button has, if it has one.
 bool SetButtonIcon(SecondaryTaskbar& bar, TaskButton& button, HICON icon) noexcept {
     const int image = ImageList_ReplaceIcon(bar.imageList.get(), button.image >= 0 ? button.image : -1, icon);
     if (image < 0) return false;
@@ -74,14 +66,14 @@ bool ShowIcon(HWND window, HICON icon) noexcept {
 void PlaceToolbar(const SecondaryTaskbar& bar) noexcept {
     LONG above = 0;
     if (profile.isWindows2000) {
-        // The control keeps a margin there, which would show as an edge.
+        // The toolbar of Windows 2000 keeps a margin above its buttons, which would show as an edge.
         above = GetWindowLongA(bar.window, GWL_STYLE) & WS_BORDER ? 2 : 1;
     } else {
-        // Elsewhere it keeps none, or one above the buttons, for which a bar has no room.
+        // Other toolbars keep a margin above the buttons or none. The bar has no room for one.
         RECT first = {};
         if (Send(bar, TB_GETITEMRECT, 0, &first)) {
             above = first.top;
-            // A themed row is as high as the theme's own taskbar would be; lower buttons stand in the middle of it.
+            // A themed row is as high as in the shell's own taskbar. Buttons that are lower stand in its middle.
             const LONG spare = ActiveMetrics().rowHeight - HeightOf(first);
             if (DrawsWithTheme() && !IsVertical(bar.shape.edge) && spare > 0) above -= spare / 2;
         }
@@ -96,6 +88,7 @@ void PlaceToolbar(const SecondaryTaskbar& bar) noexcept {
 void CreateToolbar(SecondaryTaskbar& bar) noexcept {
     bar.toolbar = CreateWindowExA(0, TOOLBARCLASSNAMEA, "Running Applications", ToolbarStyle, 0, 0, 0, 0, bar.window,
                                   nullptr, profile.moduleInstance, nullptr);
+    GuardToolbar(bar.toolbar);
     bar.imageList.Reset(
         ImageList_Create(GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON), ILC_COLOR32 | ILC_MASK, 4, 4));
     Send(bar, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON));
@@ -110,7 +103,7 @@ void InsertToolbarButton(SecondaryTaskbar& bar, TaskButton& button, int position
     entry.fsStyle = BTNS_CHECK | BTNS_NOPREFIX | BTNS_SHOWTEXT;
     entry.dwData = reinterpret_cast<DWORD_PTR>(&button);
     entry.iString = reinterpret_cast<INT_PTR>(button.text.Text());
-    // A separator stands behind each button there.
+    // On Windows 2000 a separator stands after each button.
     if (profile.isWindows2000 && position > 0) position *= 2;
     if (Send(bar, TB_INSERTBUTTONA, static_cast<WPARAM>(position), &entry) && profile.isWindows2000)
         InsertSeparator(bar, entry, position);
@@ -150,6 +143,10 @@ void CheckButton(SecondaryTaskbar& bar, const TaskButton& button) noexcept {
     if (!(state & TBSTATE_CHECKED)) Send(bar, TB_SETSTATE, button.commandId, state | TBSTATE_CHECKED);
 }
 
+bool IsChecked(const SecondaryTaskbar& bar, const TaskButton& button) noexcept {
+    return Send(bar, TB_GETSTATE, button.commandId) & TBSTATE_CHECKED;
+}
+
 void GiveButtonIcon(HWND window) noexcept {
     FindIcon(window, ShowIcon);
 }
@@ -159,41 +156,22 @@ int HitTestButtons(const SecondaryTaskbar& bar, POINT point) noexcept {
     return static_cast<int>(Send(bar, TB_HITTEST, 0, &point));
 }
 
-void OnButtonClick(SecondaryTaskbar& bar, TaskButton* button) noexcept {
-    if (!button) {
-        UncheckOtherButtons(bar, nullptr);
-        return;
-    }
-    // The control has toggled the button already.
-    const bool wasActive = !(Send(bar, TB_GETSTATE, button->commandId) & TBSTATE_CHECKED);
-    UncheckOtherButtons(bar, button);
-    HWND window = button->window;
-    if (!IsWindow(window)) {
-        RemoveButton(bar, window, false);
-    } else if (wasActive) {
-        SendCommand(window, SC_MINIMIZE);
-    } else {
-        if (IsIconic(window)) SendCommand(window, SC_RESTORE);
-        SetForegroundWindow(window);
-    }
-}
-
-void OnButtonMenu(const SecondaryTaskbar& bar, int entry, POINT point) noexcept {
+const TaskButton* ButtonOfEntry(const SecondaryTaskbar& bar, int entry) noexcept {
     TBBUTTONINFOA info = {};
     info.cbSize = sizeof(info);
     info.dwMask = TBIF_BYINDEX | TBIF_LPARAM;
-    if (Send(bar, TB_GETBUTTONINFOA, static_cast<WPARAM>(entry), &info) < 0 || !info.lParam) return;
-    HWND window = reinterpret_cast<const TaskButton*>(info.lParam)->window;
-    SetForegroundWindow(window);
-    SendNotifyMessageA(window, OpenSystemMenu, 0, MAKELPARAM(point.x, point.y));
+    if (Send(bar, TB_GETBUTTONINFOA, static_cast<WPARAM>(entry), &info) < 0) return nullptr;
+    return ButtonAtAddress(bar, info.lParam);
 }
 
 bool MinimiseRect(const SecondaryTaskbar& bar, HWND window, RECT& place) noexcept {
     const TaskButton* button = FindButton(bar, window);
     if (!button || !button->onThisDisplay) return false;
     const LRESULT index = Send(bar, TB_COMMANDTOINDEX, button->commandId);
-    Send(bar, TB_GETITEMRECT, static_cast<WPARAM>(index), &place);
-    MapWindowPoints(bar.toolbar, nullptr, reinterpret_cast<POINT*>(&place), 2);
+    RECT item = {};
+    if (!Send(bar, TB_GETITEMRECT, static_cast<WPARAM>(index), &item)) return false;
+    MapWindowPoints(bar.toolbar, nullptr, reinterpret_cast<POINT*>(&item), 2);
+    place = item;
     return true;
 }
 

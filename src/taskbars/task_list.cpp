@@ -4,11 +4,11 @@
 #include "process/shared_section.h"
 #include "settings/settings.h"
 #include "taskbars/button_ids.h"
+#include "taskbars/live_taskbars.h"
 #include "taskbars/shell/shell_tabs.h"
 #include "taskbars/shell/tray_hook.h"
 #include "taskbars/task_buttons.h"
 #include "taskbars/task_windows.h"
-#include "taskbars/taskbar_manager.h"
 
 #include <new>
 
@@ -67,11 +67,6 @@ void MoveToItsBar(SecondaryTaskbar& bar, HWND window, bool isHome) noexcept {
 }
 
 }  // namespace
-
-TaskButton* FindButton(const SecondaryTaskbar& bar, HWND window) noexcept {
-    const unsigned index = IndexOf(bar, window);
-    return index < bar.buttons.Count() ? bar.buttons.At(index) : nullptr;
-}
 
 TaskButton* AddButton(SecondaryTaskbar& bar, HWND window, bool onThisDisplay) noexcept {
     // The questions let messages in: first they, then the change.

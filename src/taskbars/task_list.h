@@ -6,9 +6,6 @@
 
 namespace halyard {
 
-// The first one of that window; null without one.
-TaskButton* FindButton(const SecondaryTaskbar& bar, HWND window) noexcept;
-
 // `onThisDisplay`: whether the window counts as being on the bar's display. Asks the primary taskbar for the place if
 // all windows are shown. Null when the bar went away meanwhile or memory ran out.
 TaskButton* AddButton(SecondaryTaskbar& bar, HWND window, bool onThisDisplay) noexcept;

@@ -6,7 +6,8 @@
 #include "settings/settings.h"
 #include "settings/store.h"
 #include "taskbars/docking.h"
-#include "taskbars/taskbar_manager.h"
+#include "taskbars/live_taskbars.h"
+#include "taskbars/taskbar_end.h"
 
 #include <shellapi.h>
 
@@ -15,12 +16,6 @@ namespace halyard {
 namespace {
 
 constexpr int TaskbarsPage = 1;  // of the property sheet
-
-struct MenuTraits {
-    using Handle = HMENU;
-    static Handle Invalid() noexcept { return nullptr; }
-    static void Close(Handle handle) noexcept { DestroyMenu(handle); }
-};
 
 void SetCheck(HMENU menu, UINT command, bool checked) noexcept {
     MENUITEMINFOA item = {};
@@ -57,17 +52,16 @@ void ToggleOnTop(SecondaryTaskbar& bar) noexcept {
 }  // namespace
 
 void ShowTaskbarMenu(SecondaryTaskbar& bar) noexcept {
-    const Owned<MenuTraits> menu(LoadMenuA(profile.moduleInstance, MAKEINTRESOURCEA(IDM_TASKBAR)));
+    const Menu menu(LoadMenuA(profile.moduleInstance, MAKEINTRESOURCEA(IDM_TASKBAR)));
     HMENU popup = GetSubMenu(menu.get(), 0);
-    const DWORD where = GetMessagePos();
+    const POINT where = PointOf(static_cast<LPARAM>(GetMessagePos()));
     SetCheck(popup, IDC_LOCK_TASKBAR, bar.shape.locked);
     SetCheck(popup, IDC_AUTOHIDE, bar.autohide);
     SetCheck(popup, IDC_ON_TOP, bar.onTop);
     bar.busy = true;
     // A menu of a window that isn't active would stay when the user clicks elsewhere.
     SetForegroundWindow(bar.window);
-    TrackPopupMenuEx(popup, TPM_NONOTIFY, static_cast<short>(LOWORD(where)), static_cast<short>(HIWORD(where)),
-                     bar.window, nullptr);
+    TrackPopupMenuEx(popup, TPM_NONOTIFY, where.x, where.y, bar.window, nullptr);
     if (IsLive(&bar)) bar.busy = false;
 }
 

@@ -5,16 +5,10 @@
 
 namespace halyard {
 
-// Names of the values that are stored for each bar.
-inline constexpr char EdgeValue[] = "TaskbarEdge";
-inline constexpr char AutohideValue[] = "TaskbarAutohide";
-inline constexpr char OnTopValue[] = "TaskbarOnTop";
-inline constexpr char LockedValue[] = "TaskbarLocked";
-
-// Where the mouse was at the message that is being handled. The bar may be gone behind it.
+// Opens it where the mouse was at the message that is being handled. The bar may be gone afterwards.
 void ShowTaskbarMenu(SecondaryTaskbar& bar) noexcept;
 
-// False: not one of the menu's, or one that the platform is to hear of as well. The bar may be gone behind it.
+// False: the platform is to hear of the command as well. The bar may be gone afterwards.
 bool RunTaskbarCommand(SecondaryTaskbar& bar, UINT command) noexcept;
 
 }  // namespace halyard

@@ -3,6 +3,7 @@
 #include "common/rectangles.h"
 #include "process/profile.h"
 #include "taskbars/theme_api.h"
+#include "taskbars/toolbar_guard.h"
 
 namespace halyard {
 
@@ -15,21 +16,6 @@ struct Look {
 };
 
 Look look;
-
-class WindowDc {
-public:
-    explicit WindowDc(HWND owner) noexcept : window(owner), dc(GetWindowDC(owner)) {}
-    WindowDc(const WindowDc&) = delete;
-    WindowDc& operator=(const WindowDc&) = delete;
-    ~WindowDc() {
-        if (dc) ReleaseDC(window, dc);
-    }
-    HDC get() const noexcept { return dc; }
-
-private:
-    HWND window;
-    HDC dc;
-};
 
 // The window and its client area, relative to the window's top left corner.
 struct FrameRects {
@@ -88,7 +74,7 @@ void ApplyToolbarMetrics(SecondaryTaskbar& bar) noexcept {
     block.cyBarPad = metrics.barPaddingY;
     block.cxButtonSpacing = metrics.spacingX;
     block.cyButtonSpacing = look.theme && IsVertical(bar.shape.edge) ? ThemedVerticalSpacing : metrics.spacingY;
-    SendMessageA(bar.toolbar, TB_SETMETRICS, 0, reinterpret_cast<LPARAM>(&block));
+    AskToolbar(bar.toolbar, TB_SETMETRICS, 0, reinterpret_cast<LPARAM>(&block));
 }
 
 void DrawBarBackground(const SecondaryTaskbar& bar, HDC dc, const RECT& bounds) noexcept {

@@ -5,13 +5,19 @@
 #include "process/profile.h"
 #include "resources/resource_ids.h"
 #include "settings/store.h"
+#include "taskbars/app_bar.h"
+#include "taskbars/button_clicks.h"
+#include "taskbars/button_painting.h"
 #include "taskbars/docking.h"
+#include "taskbars/live_taskbars.h"
 #include "taskbars/shell/tray_hook.h"
+#include "taskbars/shell_events.h"
 #include "taskbars/task_buttons.h"
 #include "taskbars/task_list.h"
-#include "taskbars/taskbar_manager.h"
+#include "taskbars/taskbar_end.h"
 #include "taskbars/taskbar_menu.h"
 #include "taskbars/taskbar_theme.h"
+#include "taskbars/toolbar_guard.h"
 
 namespace halyard {
 
@@ -20,14 +26,16 @@ namespace {
 constexpr UINT AskMinimiseRect = 139;  // wParam: a window, lParam: the rectangle to fill
 constexpr WPARAM EventCode = 0x7FFF;   // of a shell event, without the flag that some carry
 
-// The object of the window that is being made.
-SecondaryTaskbar* pendingTaskbar = nullptr;
+ATOM registered = 0;
 
-SecondaryTaskbar* TaskbarOf(HWND window) noexcept {
+// The bar of a window. A window that is being made is bound to the bar that its maker names; before that and after the
+// bar's end a window has none.
+SecondaryTaskbar* TaskbarOf(HWND window, UINT message, LPARAM lParam) noexcept {
     auto* bar = reinterpret_cast<SecondaryTaskbar*>(GetWindowLongPtrA(window, GWLP_USERDATA));
-    if (bar || !pendingTaskbar) return bar;
-    bar = pendingTaskbar;
-    pendingTaskbar = nullptr;
+    if (bar || message != WM_NCCREATE) return bar;
+    bar = static_cast<SecondaryTaskbar*>(reinterpret_cast<const CREATESTRUCTA*>(lParam)->lpCreateParams);
+    // Other programs can send this message, too.
+    if (!IsLive(bar) || bar->window) return nullptr;
     bar->window = window;
     SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(bar));
     return bar;
@@ -47,7 +55,9 @@ void OnShellEvent(SecondaryTaskbar& bar, WPARAM event, HWND window) noexcept {
 // The shell has started anew, and knows nothing of us.
 void OnTaskbarCreated(SecondaryTaskbar& bar) noexcept {
     InstallTrayHook();
+    ReadPrimaryTaskbarRect();
     AttachShellHook(bar, true);
+    RegisterAppBarAnew(bar);
 }
 
 void OnSize(SecondaryTaskbar& bar, LONG width, LONG height) noexcept {
@@ -56,13 +66,24 @@ void OnSize(SecondaryTaskbar& bar, LONG width, LONG height) noexcept {
     SizeButtons(bar);
 }
 
+// Notices of the bar's own toolbar lie on this thread's stack. Whatever another program calls a notice isn't looked at.
+bool IsNotice(const SecondaryTaskbar& bar, LPARAM lParam, SIZE_T size) noexcept {
+    return IsOnOwnStack(lParam, size) && reinterpret_cast<const NMHDR*>(lParam)->hwndFrom == bar.toolbar;
+}
+
+void OnToolbarClick(SecondaryTaskbar& bar, const NMMOUSE& click) noexcept {
+    OnButtonClick(bar, ButtonAtAddress(bar, click.dwItemData));
+}
+
 // True: answered with `result`.
-bool OnNotify(SecondaryTaskbar& bar, const NMHDR& notice, LRESULT& result) noexcept {
-    switch (notice.code) {
+bool OnNotify(SecondaryTaskbar& bar, LPARAM lParam, LRESULT& result) noexcept {
+    if (!IsNotice(bar, lParam, sizeof(NMHDR))) return true;
+    switch (reinterpret_cast<const NMHDR*>(lParam)->code) {
     case static_cast<UINT>(NM_CUSTOMDRAW):
-        return DrawButton(bar, reinterpret_cast<const NMTBCUSTOMDRAW&>(notice), result);
+        return IsNotice(bar, lParam, sizeof(NMTBCUSTOMDRAW)) &&
+               DrawButton(bar, *reinterpret_cast<const NMTBCUSTOMDRAW*>(lParam), result);
     case static_cast<UINT>(NM_CLICK):
-        OnButtonClick(bar, reinterpret_cast<TaskButton*>(reinterpret_cast<const NMMOUSE&>(notice).dwItemData));
+        if (IsNotice(bar, lParam, sizeof(NMMOUSE))) OnToolbarClick(bar, *reinterpret_cast<const NMMOUSE*>(lParam));
         break;
     case static_cast<UINT>(NM_LDOWN): StartDrag(bar); break;
     }
@@ -114,32 +135,26 @@ void OnThemeChanged(SecondaryTaskbar& bar) noexcept {
     ApplyTaskbarRect(bar, true, false);
 }
 
-void OnExitSizeMove(SecondaryTaskbar& bar) noexcept {
-    bar.busy = false;
-    ApplyTaskbarRect(bar, true, false);
-}
-
 void OnTimer(SecondaryTaskbar& bar, WPARAM timer) noexcept {
     if (timer == HideTimer && TryHideTaskbar(bar)) KillTimer(bar.window, HideTimer);
+    if (timer == AppBarTimer) RetryAppBar(bar);
 }
 
-// Any program can ask, with any number for a pointer.
+// Windows NT itself asks when a window is minimised, and copies the rectangle between the programs. Elsewhere any
+// program could have 16 bytes written anywhere here.
 LRESULT OnAskMinimiseRect(const SecondaryTaskbar& bar, WPARAM window, LPARAM place) noexcept {
-    auto* rect = reinterpret_cast<RECT*>(place);
-    return !IsBadWritePtr(rect, sizeof(*rect)) && MinimiseRect(bar, reinterpret_cast<HWND>(window), *rect);
+    if (!profile.copiesMinimiseRects || !place) return FALSE;
+    return MinimiseRect(bar, reinterpret_cast<HWND>(window), *reinterpret_cast<RECT*>(place));
 }
 
-POINT ScreenPoint(LPARAM lParam) noexcept {
-    return {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
-}
-
-// Messages that end here. False: the platform answers, behind whatever is done of it here.
+// Messages that end here. False: the platform answers, after whatever is done here.
 bool HandleMessage(SecondaryTaskbar& bar, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) noexcept {
     switch (message) {
     case AppBarCallback: OnAppBarNotice(bar, wParam, lParam); return true;
     case WM_SIZE: OnSize(bar, LOWORD(lParam), HIWORD(lParam)); return true;
-    case WM_NOTIFY: return OnNotify(bar, *reinterpret_cast<const NMHDR*>(lParam), result);
-    case WM_CONTEXTMENU: OnContextMenu(bar, ScreenPoint(lParam)); return true;
+    case WM_NOTIFY: return OnNotify(bar, lParam, result);
+    case WM_CLOSE: return true;  // a bar ends by its menu
+    case WM_CONTEXTMENU: OnContextMenu(bar, PointOf(lParam)); return true;
     case WM_DISPLAYCHANGE: OnDisplayChange(bar); return true;
     case WM_ERASEBKGND: result = OnEraseBackground(bar, reinterpret_cast<HDC>(wParam)); return true;
     case WM_NCCALCSIZE:
@@ -151,31 +166,34 @@ bool HandleMessage(SecondaryTaskbar& bar, UINT message, WPARAM wParam, LPARAM lP
     case WM_NCPAINT: return DrawSizingStrip(bar);
     case AskMinimiseRect: result = OnAskMinimiseRect(bar, wParam, lParam); return true;
     case WM_COMMAND: return RunTaskbarCommand(bar, LOWORD(wParam));
-    case WM_EXITSIZEMOVE: OnExitSizeMove(bar); return true;
+    case WM_EXITSIZEMOVE: EndSizing(bar); return true;
     }
     return false;
 }
 
-// What is done beside the platform's own answer.
+// What is done before the platform answers.
 void ObserveMessage(SecondaryTaskbar& bar, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
     switch (message) {
-    case WM_CREATE: CreateToolbar(bar); break;
+    case WM_CREATE:
+        if (!bar.toolbar) CreateToolbar(bar);
+        break;
     case WM_ACTIVATE:
         if (wParam == WA_INACTIVE && bar.autohide) TryHideTaskbar(bar);
         break;
     case WM_NCRBUTTONUP: SendMessageA(bar.window, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(bar.window), lParam); break;
     case WM_TIMER: OnTimer(bar, wParam); break;
+    case WM_LBUTTONDOWN: StartDrag(bar); break;
     case WM_MOUSEMOVE: ContinueDrag(bar.window, lParam); break;
     case WM_LBUTTONUP:
     case WM_CAPTURECHANGED: EndDrag(); break;
     case WM_SIZING: ConstrainSizing(bar, *reinterpret_cast<RECT*>(lParam)); break;
-    case WM_ENTERSIZEMOVE: bar.busy = true; break;
+    case WM_ENTERSIZEMOVE: StartSizing(bar); break;
     case WM_THEMECHANGED: OnThemeChanged(bar); break;
     }
 }
 
 LRESULT CALLBACK TaskbarWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    SecondaryTaskbar* bar = TaskbarOf(window);
+    SecondaryTaskbar* bar = TaskbarOf(window, message, lParam);
     if (!bar) return DefWindowProcA(window, message, wParam, lParam);
     if (message == profile.shellHookMessage) {
         OnShellEvent(*bar, wParam, reinterpret_cast<HWND>(lParam));
@@ -192,7 +210,6 @@ LRESULT CALLBACK TaskbarWndProc(HWND window, UINT message, WPARAM wParam, LPARAM
 }
 
 void RegisterTaskbarClass() noexcept {
-    static ATOM registered = 0;
     if (registered) return;
     WNDCLASSEXA windowClass = {};
     windowClass.cbSize = sizeof(windowClass);
@@ -217,33 +234,21 @@ void InitTaskbar(SecondaryTaskbar& bar, DWORD displayIndex, HMONITOR display, co
     RegisterTaskbarClass();
     ReloadTheme();
     const RECT place = ComputeTaskbarRect(bar);
-    pendingTaskbar = &bar;
-    bar.window =
-        CreateWindowExA(WS_EX_TOOLWINDOW, TaskbarWindowClass, nullptr, ClassicMetrics.windowStyle, place.left,
-                        place.top, WidthOf(place), HeightOf(place), nullptr, nullptr, profile.moduleInstance, nullptr);
-    pendingTaskbar = nullptr;
+    CreateWindowExA(WS_EX_TOOLWINDOW, TaskbarWindowClass, nullptr, ClassicMetrics.windowStyle, place.left, place.top,
+                    WidthOf(place), HeightOf(place), nullptr, nullptr, profile.moduleInstance, &bar);
+    if (!bar.window) return;
     ApplyTheme(bar);
     AttachShellHook(bar, true);
     ApplyOnTop(bar);
-    // So that it runs whichever it is.
+    // `SetAutohide` ignores an unchanged state, so start from the opposite one.
     bar.autohide = !autohide;
     SetAutohide(bar, autohide);
-    // By the same road as the user's own command.
+    // Posted, so that the lock is applied and stored as if the user had chosen it.
     if (locked) PostMessageA(bar.window, WM_COMMAND, IDC_LOCK_TASKBAR, 0);
 }
 
-void ShutdownTaskbar(SecondaryTaskbar& bar) noexcept {
-    WriteIndexedValue(bar.displayIndex, EdgeValue, bar.shape.edge);
-    WriteIndexedValue(bar.displayIndex, AutohideValue, bar.autohide);
-    WriteIndexedValue(bar.displayIndex, OnTopValue, bar.onTop);
-    WriteIndexedValue(bar.displayIndex, LockedValue, bar.shape.locked);
-    while (bar.buttons.Count() > 0)
-        RemoveButton(bar, bar.buttons.At(0)->window, true);
-    AttachShellHook(bar, false);
-    ForgetDrag(bar);
-    SetWindowLongPtrA(bar.window, GWLP_USERDATA, 0);
-    DestroyWindow(bar.window);
-    ReleaseSpace(bar);
+void UnregisterTaskbarClass() noexcept {
+    if (registered && UnregisterClassA(TaskbarWindowClass, profile.moduleInstance)) registered = 0;
 }
 
 }  // namespace halyard

@@ -1,4 +1,4 @@
-// A bar's window, from its making to its end. On the server's thread.
+// A bar's window. On the server's thread.
 #pragma once
 
 #include "taskbars/secondary_taskbar.h"
@@ -7,11 +7,11 @@ namespace halyard {
 
 inline constexpr char TaskbarWindowClass[] = "TevralHalyardTaskbar";
 
-// Full set-up of a fresh object. `displayRect`: all of the display.
+// Makes a fresh bar's window, with its toolbar, look and place, as its stored values say. `displayRect`: all of the
+// display, in screen coordinates. A bar whose window can't be made stays without one.
 void InitTaskbar(SecondaryTaskbar& bar, DWORD displayIndex, HMONITOR display, const RECT& displayRect) noexcept;
 
-// Stores what the bar has of its own, gives its windows back to the primary taskbar, and destroys its window. The
-// object itself stays.
-void ShutdownTaskbar(SecondaryTaskbar& bar) noexcept;
+// After the last bar has gone: the class would keep the library's address after the library.
+void UnregisterTaskbarClass() noexcept;
 
 }  // namespace halyard

@@ -8,7 +8,8 @@ ThemeApi themeApi;
 
 template <typename Function>
 Function ThemeApi::Bind(Function& entry, const char* name) noexcept {
-    if (!library) library.Reset(LoadLibraryA(libraryFile));
+    if (!lookedFor) library.Reset(LoadLibraryA(libraryFile));
+    lookedFor = true;
     if (!entry) entry = EntryOf<Function>(library.get(), name);
     return entry;
 }

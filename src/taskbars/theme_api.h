@@ -8,8 +8,8 @@
 namespace halyard {
 
 // One object per process. Each call is that of the platform's function of its name; without the theme library or the
-// function it answers 0 or E_FAIL. The library is mapped at the first call, and looked for again at the next one where
-// it isn't there: programs that only have the hooks never map it. On the server's thread.
+// function it answers 0 or E_FAIL. The library is looked for once, at the first call: programs that only have the hooks
+// never map it. On the server's thread.
 class ThemeApi {
 public:
     constexpr explicit ThemeApi(const char* file = "UxTheme.dll") noexcept : libraryFile(file) {}
@@ -26,6 +26,7 @@ private:
     Function Bind(Function& entry, const char* name) noexcept;
 
     const char* libraryFile;
+    bool lookedFor = false;
     Library library;
     decltype(&::OpenThemeData) openThemeData = nullptr;
     decltype(&::CloseThemeData) closeThemeData = nullptr;

@@ -9,9 +9,13 @@ namespace halyard {
 // line is tried.
 using IconReceiver = bool (*)(HWND window, HICON icon);
 
-// Gives `receive` the icon of the window's class or program at once, then asks the window for one of its own, which
-// `receive` gets when the window's program answers. One that doesn't answer costs nobody anything.
+// Gives `receive` the icon of the window's class at once. Without one the file of the window's program is read, on a
+// thread of its own. The window itself is asked as well, and its answer counts for more, whenever it comes. A program
+// that doesn't answer and a file that is slow to read hold nobody up.
 void FindIcon(HWND window, IconReceiver receive) noexcept;
+
+// HM_ICON_READ: gives out the icons that were read from files.
+void GiveReadIcons() noexcept;
 
 // Keeps the library mapped if a program still owes an answer, which would come back into it.
 void OutliveIconAnswers() noexcept;

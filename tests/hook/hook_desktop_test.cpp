@@ -28,8 +28,8 @@ TEST_F(HookTest, RunACommandThatWaitsTwiceOnce) {
 
 TEST_F(HookTest, KeepOutOfExcludedProgramsAndClasses) {
     const std::string scratch = ScratchFolder();
-    const std::string excludedPath = CopyTo(scratch, "sample_window.exe", "excluded.exe");
-    const std::string includedPath = CopyTo(scratch, "sample_window.exe", "included.exe");
+    const std::string excludedPath = CopyTo(scratch, sample::File, "excluded.exe");
+    const std::string includedPath = CopyTo(scratch, sample::File, "included.exe");
     WriteNumber(ProgramKey(excludedPath), "Excluded", 1);
     WriteNumber(ProgramKey(includedPath), "Excluded", 0);
     StartLoader();
@@ -70,12 +70,6 @@ TEST_F(HookTest, BringNoLibraryAlongThatNothingNeeds) {
     ASSERT_TRUE(BecomesVisible(hooked.window));
     ASSERT_NE(hooked.program->Module(LibraryFile), nullptr);
     EXPECT_EQ(MappedOf(hooked), withoutHooks);
-}
-
-int WidthOf(HWND window) {
-    RECT place = {};
-    GetWindowRect(window, &place);
-    return place.right - place.left;
 }
 
 }  // namespace

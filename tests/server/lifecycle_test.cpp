@@ -6,20 +6,6 @@
 namespace halyard::test {
 namespace {
 
-LONG WINAPI OwnFilter(EXCEPTION_POINTERS*) {
-    return EXCEPTION_CONTINUE_SEARCH;
-}
-
-class LoadTest : public ServerTest {
-protected:
-    // As in a process that is started anew.
-    static void Reload() {
-        Unload();
-        profile.hookEngineActive = true;
-        OnLoad(GetModuleHandleA(nullptr));
-    }
-};
-
 class StatesTest : public ServerTest {
 protected:
     // Whether the window stands, the hooks are in, and what `Run` says in the registry ("-" for nothing).

@@ -34,15 +34,15 @@ protected:
 TEST_F(ServerMessagesTest, ThatComeInTheMiddleOfASwitchAreCarriedOutAfterIt) {
     TestWindow leaving(WindowForm{.style = WS_OVERLAPPEDWINDOW | WS_VISIBLE});
     DesktopId atRequest = 99;
-    leaving.handler = [&](UINT message, WPARAM shown, LPARAM) -> std::optional<LRESULT> {
-        if (message == WM_SHOWWINDOW && !shown && atRequest == 99) {
+    leaving.handler = [&](UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
+        if (message == WM_WINDOWPOSCHANGED && atRequest == 99) {
             Activate(3);
             atRequest = CurrentDesktopId();
         }
         return std::nullopt;
     };
     desktopList.Find(1)->colour = 0x101010;
-    windowDesktopMap.Assign(leaving.get(), 0);
+    AssignWindow(leaving.get(), 0);
     Activate(1);
     EXPECT_EQ(1u, atRequest) << "99: it was never hidden";
     EXPECT_EQ(3u, CurrentDesktopId());

@@ -4,6 +4,8 @@
 #include "server/server_window.h"
 #include "settings/settings.h"
 #include "taskbars/shell/tray_hook.h"
+#include "taskbars/live_taskbars.h"
+#include "taskbars/taskbar_end.h"
 #include "taskbars/taskbar_manager.h"
 #include "taskbars/theme_api.h"
 

@@ -7,7 +7,6 @@
 #include "process/protocol.h"
 #include "process/shared_section.h"
 #include "taskbars/shell/shell_tabs.h"
-#include "taskbars/taskbar_manager.h"
 
 #include <commctrl.h>
 #include <initializer_list>
@@ -101,7 +100,6 @@ bool ReadOrder() noexcept {
 
 bool InstallTrayHook() noexcept {
     RemoveTrayHook();
-    ReadPrimaryTaskbarRect();
     BindCom();
     if (!CreateTaskbarList()) return false;
     HWND tray = TrayWindow();
