@@ -2,6 +2,7 @@
 #include "hook/hook_fixture.h"
 #include "hook/interest_table.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <new>
 #include <thread>
@@ -79,14 +80,16 @@ TEST_F(RecordsTest, TakeLeaveInTeardownOfAllThreads) {
     const TestWindow first;
     const TestWindow second;
     const TestWindow bare(WindowForm{.style = WS_POPUP});
-    const bool inOrder = HandleBits(first.get()) < HandleBits(second.get());
-    Known(bare.get());
-    Known(first.get());
+    // A window that isn't managed may have got the extension when the settings changed.
+    for (HWND window : {bare.get(), first.get()})
+        Known(window).submenu = reinterpret_cast<HMENU>(1);
     Known(second.get());
-    recording.subject = inOrder ? first.get() : second.get();
+    recording.subject = bare.get();
     table.DestroyAll();
-    EXPECT_EQ((Calls{"RemoveMenuExtension", "post 1187 0", "RemoveMenuExtension other", "post 1187 0 other"}),
-              recording.Take());
+    Calls ended = recording.Take();
+    std::sort(ended.begin(), ended.end());
+    EXPECT_EQ((Calls{"RemoveMenuExtension", "RemoveMenuExtension other", "post 1187 0 other", "post 1187 0 other"}),
+              ended);
     EXPECT_EQ(0u, RecordCount());
     std::thread([&] { threadTable->ForCurrentThread()->ForWindow(first.get())->isManaged = true; }).join();
     recording.subject = first.get();
