@@ -37,8 +37,8 @@ struct Profile {
     // mouse meanwhile: so on Wine. Elsewhere it ends when the mouse is taken away.
     bool tracksButtonsWithoutCapture = false;
 
-    // The rectangle that message 139 asks for (where does this window minimise to?) is copied between the programs: so on
-    // Windows NT. Wine and the 9x family hand the sender's address on as it is.
+    // The rectangle that message 139 asks for (where does this window minimise to?) is copied between the programs: so
+    // on Windows NT. Wine and the 9x family hand the sender's address on as it is.
     bool copiesMinimiseRects = false;
 
     // Placements of top-level windows count from the work area of their display: so everywhere but on Wine.

@@ -182,7 +182,13 @@ TEST_F(BarsTest, ButtonsShowIconTextAndMark) {
     EXPECT_NEAR(oldWhite, area / 2, area / 10);
     EXPECT_LT(plainWhite, area / 10);
 
-    // It is also where the window is minimised to.
+    // The file of a program is read elsewhere meanwhile, when the class has no icon.
+    const test::TestWindow plain;
+    const TaskButton* late = AddButton(bar, plain.get(), true);
+    EXPECT_EQ(late->image, I_IMAGENONE);
+    EXPECT_TRUE(test::PumpUntil([&] { return late->image >= 0; }));
+
+    // A button is also where its window is minimised to.
     MapWindowPoints(bar.toolbar, nullptr, reinterpret_cast<POINT*>(&place), 2);
     RECT target = {};
     EXPECT_TRUE(MinimiseRect(bar, window.get(), target));
