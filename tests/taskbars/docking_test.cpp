@@ -48,7 +48,6 @@ protected:
 TEST_F(DockingTest, TheMenuDoesAndStoresWhatItSays) {
     StartAll();
     ASSERT_TRUE(BarBecomes(2, AtBottom));
-    EXPECT_TRUE(IsTopmost());
     for (const bool on : {false, true}) {
         Choose(2, OnTopItem);
         EXPECT_TRUE(Eventually([&] { return Stored("TaskbarOnTop_2") == on && IsTopmost() == on; }));
@@ -75,44 +74,34 @@ TEST_F(DockingTest, TheMenuDoesAndStoresWhatItSays) {
     EXPECT_TRUE(GetsBar(2));
 }
 
-TEST_F(DockingTest, BarsStartAsTheyWereLeft) {
-    Set("TaskbarEdge_2", 1);
-    Set("TaskbarLocked_2", 1);
-    Set("TaskbarOnTop_2", 0);
-    StartAll();
-    ASSERT_TRUE(BarBecomes(2, AtTop));
-    // It locks itself by a posted command.
-    EXPECT_TRUE(Eventually([&] { return HitAt(1500, 26) == HTCLIENT; }));
-    EXPECT_FALSE(IsTopmost());
-    QuitLoader();
-    EXPECT_EQ(Stored("TaskbarEdge_2"), 1U);
-    EXPECT_EQ(Stored("TaskbarLocked_2"), 1U);
+TEST_F(DockingTest, DragsTakeABarToEachEdgeAndSizeIt) {
     Set("TaskbarEdge_2", 77);  // no edge
-    StartLoader();
-    EXPECT_TRUE(BarBecomes(2, {1024, 0, 2048, 768}));
-}
-
-TEST_F(DockingTest, ADragTakesABarToEachEdgeAndBack) {
     StartAll();
-    ASSERT_TRUE(BarBecomes(2, AtBottom));
-    DragBar({1500, 60}, AtTop);
-    DragBar({1100, 400}, AtLeft);
-    DragBar({500, 300}, AtLeft);  // beyond its display
-    DragBar({1990, 400}, AtRight);
-    DragBar({1500, 700}, AtBottom);
+    ASSERT_TRUE(BarBecomes(2, {1024, 0, 2048, 768}));
     QuitLoader();
-    EXPECT_EQ(Stored("TaskbarEdge_2"), 3U);
-}
-
-TEST_F(DockingTest, RowsAndWidthsAreSizedWithTheMouse) {
-    StartAll();
+    Set("TaskbarEdge_2", 3);
+    StartLoader();
     ASSERT_TRUE(BarBecomes(2, AtBottom));
     Size(0, -53, {1024, 690, 2048, 770});
     Size(0, -391, {1024, 390, 2048, 770});
     Size(0, 350, AtBottom);
+    DragBar({1500, 60}, AtTop);
+    DragBar({1100, 400}, AtLeft);
+    DragBar({500, 300}, AtLeft);  // beyond its display
     DragBar({1990, 400}, AtRight);
     Size(-150, 0, {1800, 0, 2048, 768});
     Size(244, 0, {2046, 0, 2048, 768});
+    Size(-60, 0, {1986, 0, 2048, 768});
+    DragBar({1500, 60}, AtTop);
+    // It starts as it was left.
+    QuitLoader();
+    EXPECT_EQ(Stored("TaskbarEdge_2"), 1U);
+    Set("TaskbarLocked_2", 1);
+    Set("TaskbarOnTop_2", 0);
+    StartLoader();
+    EXPECT_TRUE(BarBecomes(2, AtTop));
+    EXPECT_TRUE(Eventually([&] { return HitAt(1500, 26) == HTCLIENT; }));
+    EXPECT_FALSE(IsTopmost());
 }
 
 TEST_F(DockingTest, AnAutohideBarFollowsTheCursor) {
@@ -137,13 +126,6 @@ TEST_F(DockingTest, AnAutohideBarFollowsTheCursor) {
     ASSERT_TRUE(BringToFront(BarOn(2)));
     MoveMouse(Elsewhere);
     ASSERT_TRUE(BringToFront(sample.window));
-    EXPECT_TRUE(BarBecomes(2, Hidden));
-    // Its display may go and come back meanwhile.
-    EXPECT_TRUE(Arrange({SideBySide()[0]}));
-    AnnounceDisplays();
-    EXPECT_TRUE(Eventually([] { return BarOn(2) == nullptr; }));
-    EXPECT_TRUE(Arrange(SideBySide()));
-    AnnounceDisplays();
     EXPECT_TRUE(BarBecomes(2, Hidden));
     MoveMouse({1500, 767});
     EXPECT_TRUE(BarBecomes(2, AtBottom));
@@ -180,8 +162,17 @@ TEST_F(DockingTest, AShellThatIsBusyOrStartsAnewLearnsOfABarInTheEnd) {
     WriteText(standin::StandInKey, standin::LogValue, "");
     tray.Start(children);
     EXPECT_TRUE(isTold("bar 3 edge 3 at 1024,740,2048,770"));
+    // The new shell tells it of full-screen programs.
+    const Sample sample = OpenAt("Screen", {1024, 0});
+    SetWindowPos(sample.window, nullptr, 1024, 0, 1024, 768, SWP_NOZORDER);
+    const auto inFront = [&](HWND wanted) {
+        return Eventually([&] { return GetAncestor(WindowFromPoint({1900, 755}), GA_ROOT) == wanted; });
+    };
+    EXPECT_TRUE(inFront(BarOn(2)));
     tray.SayThatScreenIsFull(true);
-    EXPECT_TRUE(Eventually([] { return !IsTopmost(); })) << "it is called by the new shell";
+    EXPECT_TRUE(inFront(sample.window)) << Describe(WindowFromPoint({1900, 755}));
+    tray.SayThatScreenIsFull(false);
+    EXPECT_TRUE(inFront(BarOn(2))) << Describe(WindowFromPoint({1900, 755}));
     DragBar({1500, 60}, AtTop);
     EXPECT_TRUE(isTold("bar 3 edge 1 at 1024,-2,2048,28"));
     PostMessageA(BarOn(2), WM_COMMAND, 40002, 0);
@@ -237,21 +228,6 @@ TEST_F(ThemedTest, TheThemeDrawsTheBarAndItsSizingStrip) {
     MoveMouse({2047, 300});
     EXPECT_TRUE(BarBecomes(2, AtRight));
     EXPECT_TRUE(Eventually([] { return ColourAt({1951, 600}) == Bar; })) << std::hex << ColourAt({1951, 600});
-}
-
-TEST_F(DockingTest, FullScreenProgramsAreInFront) {
-    StartAll();
-    const Sample sample = OpenAt("Screen", {1024, 0});
-    SetWindowPos(sample.window, nullptr, 1024, 0, 1024, 768, SWP_NOZORDER);
-    ASSERT_TRUE(Shows(2, {"*Screen"}));
-    const auto inFront = [&](HWND wanted) {
-        return Eventually([&] { return GetAncestor(WindowFromPoint({1900, 755}), GA_ROOT) == wanted; });
-    };
-    EXPECT_TRUE(inFront(BarOn(2)));
-    tray.SayThatScreenIsFull(true);
-    EXPECT_TRUE(inFront(sample.window)) << Describe(WindowFromPoint({1900, 755}));
-    tray.SayThatScreenIsFull(false);
-    EXPECT_TRUE(inFront(BarOn(2))) << Describe(WindowFromPoint({1900, 755}));
 }
 
 TEST_F(DockingTest, BarsFollowTheDisplaysAndThePrimaryBar) {

@@ -20,38 +20,25 @@ BarShape Shape(DWORD edge, DWORD rows, bool locked = false) {
 
 TEST(BarRect, EveryEdgeLookRowAndLock) {
     const struct {
-        BarShape shape;
+        DWORD edge, rows;
+        bool locked;
         const TaskbarMetrics& metrics;
         RECT bar;
-    } cases[] = {
-        {Shape(BottomEdge, 1), ClassicMetrics, {-1024, 540, 0, 570}},
-        {Shape(BottomEdge, 3, true), ClassicMetrics, {-1024, 490, 0, 570}},
-        {Shape(BottomEdge, 0), ClassicMetrics, {-1024, 568, 0, 570}},
-        {Shape(BottomEdge, 2, true), ThemedMetrics, {-1024, 508, 0, 568}},
-        {Shape(TopEdge, 1), ClassicMetrics, {-1024, -202, 0, -172}},
-        {Shape(TopEdge, 1), ThemedMetrics, {-1024, -200, 0, -166}},
-        {Shape(LeftEdge, 0), ClassicMetrics, {-1024, -200, -926, 568}},
-        {Shape(RightEdge, 5, true), ThemedMetrics, {-98, -200, 0, 568}},
-        {Shape(4, 1), ClassicMetrics, Display},
-    };
+    } cases[] = {{BottomEdge, 1, false, ClassicMetrics, {-1024, 540, 0, 570}},
+                 {BottomEdge, 3, true, ClassicMetrics, {-1024, 490, 0, 570}},
+                 {BottomEdge, 0, false, ClassicMetrics, {-1024, 568, 0, 570}},
+                 {BottomEdge, 2, true, ThemedMetrics, {-1024, 508, 0, 568}},
+                 {TopEdge, 1, false, ClassicMetrics, {-1024, -202, 0, -172}},
+                 {TopEdge, 1, false, ThemedMetrics, {-1024, -200, 0, -166}},
+                 {LeftEdge, 0, false, ClassicMetrics, {-1024, -200, -926, 568}},
+                 {RightEdge, 5, true, ThemedMetrics, {-98, -200, 0, 568}},
+                 {4, 1, false, ClassicMetrics, Display}};
     for (const auto& row : cases)
-        EXPECT_EQ(BarRect(Display, row.shape, row.metrics), row.bar) << row.shape.edge << ' ' << row.shape.rows;
+        EXPECT_EQ(BarRect(Display, Shape(row.edge, row.rows, row.locked), row.metrics), row.bar)
+            << row.edge << row.rows;
     const RECT hidden[] = {{-1024, -200, -1022, 568}, {-1024, -200, 0, -198}, {-2, -200, 0, 568}, {-1024, 566, 0, 568}};
     for (DWORD edge = LeftEdge; edge <= BottomEdge; ++edge)
         EXPECT_EQ(HiddenBarRect(Display, edge, ClassicMetrics), hidden[edge]);
-}
-
-TEST(SizingStrip, IsTheInnerSideAlone) {
-    for (DWORD edge = LeftEdge; edge <= BottomEdge; ++edge) {
-        const RECT bar = BarRect(Display, Shape(edge, 2), ClassicMetrics);
-        const RECT rest = LessSizingStrip(bar, edge);
-        EXPECT_EQ(WidthOf(bar) - WidthOf(rest) + HeightOf(bar) - HeightOf(rest), SizingStrip) << edge;
-        for (LONG y = bar.top; y < bar.bottom; ++y)
-            for (LONG x = bar.left; x < bar.right; x += y == bar.top + 9 ? 1 : 45)
-                ASSERT_EQ(IsOnSizingStrip(bar, edge, {x, y}),
-                          x < rest.left || x >= rest.right || y < rest.top || y >= rest.bottom)
-                    << edge << ' ' << x << ',' << y;
-    }
 }
 
 TEST(ConstrainSize, ComesToRowsOrWidthsThatFit) {
@@ -61,15 +48,13 @@ TEST(ConstrainSize, ComesToRowsOrWidthsThatFit) {
         const TaskbarMetrics& metrics;
         LONG proposed, size;
         DWORD rows;
-    } cases[] = {
-        {BottomEdge, false, ClassicMetrics, 8, 2, 0},    {BottomEdge, false, ClassicMetrics, 9, 30, 1},
-        {BottomEdge, true, ClassicMetrics, 8, 30, 1},    {BottomEdge, false, ClassicMetrics, 52, 30, 1},
-        {BottomEdge, false, ClassicMetrics, 53, 55, 2},  {BottomEdge, false, ClassicMetrics, 700, 380, 15},
-        {TopEdge, false, ThemedMetrics, 63, 34, 1},      {TopEdge, false, ThemedMetrics, 64, 64, 2},
-        {LeftEdge, true, ClassicMetrics, 8, 2, 1},       {LeftEdge, false, ClassicMetrics, 9, 34, 1},
-        {RightEdge, false, ThemedMetrics, 39, 40, 1},    {RightEdge, false, ThemedMetrics, 300, 300, 1},
-        {RightEdge, false, ThemedMetrics, 1000, 512, 1},
-    };
+    } cases[] = {{BottomEdge, false, ClassicMetrics, 8, 2, 0},   {BottomEdge, false, ClassicMetrics, 9, 30, 1},
+                 {BottomEdge, true, ClassicMetrics, 8, 30, 1},   {BottomEdge, false, ClassicMetrics, 52, 30, 1},
+                 {BottomEdge, false, ClassicMetrics, 53, 55, 2}, {BottomEdge, false, ClassicMetrics, 700, 380, 15},
+                 {TopEdge, false, ThemedMetrics, 63, 34, 1},     {TopEdge, false, ThemedMetrics, 64, 64, 2},
+                 {LeftEdge, true, ClassicMetrics, 8, 2, 1},      {LeftEdge, false, ClassicMetrics, 9, 34, 1},
+                 {RightEdge, false, ThemedMetrics, 39, 40, 1},   {RightEdge, false, ThemedMetrics, 300, 300, 1},
+                 {RightEdge, false, ThemedMetrics, 1000, 512, 1}};
     for (const auto& row : cases) {
         BarShape shape = Shape(row.edge, 1);
         const bool vertical = IsVertical(row.edge);

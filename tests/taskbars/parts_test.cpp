@@ -46,14 +46,13 @@ BOOL WINAPI Enumerate(HDC, const RECT*, MONITORENUMPROC receive, LPARAM lParam) 
 }
 
 BOOL WINAPI Tell(HMONITOR handle, MONITORINFO* info) {
-    for (const MadeUpDisplay& display : displays) {
-        if (HandleOf(display.name) != handle) continue;
-        info->rcMonitor = info->rcWork = display.place;
-        if (info->cbSize >= sizeof(MONITORINFOEXA))
-            std::strcpy(reinterpret_cast<MONITORINFOEXA*>(info)->szDevice, display.name);
-        return TRUE;
-    }
-    return FALSE;
+    const auto display = std::find_if(displays.begin(), displays.end(),
+                                      [&](const auto& known) { return HandleOf(known.name) == handle; });
+    if (display == displays.end()) return FALSE;
+    info->rcMonitor = info->rcWork = display->place;
+    if (info->cbSize >= sizeof(MONITORINFOEXA))
+        std::strcpy(reinterpret_cast<MONITORINFOEXA*>(info)->szDevice, display->name);
+    return TRUE;
 }
 
 HMONITOR WINAPI PrimaryOne(const RECT*, DWORD) {
@@ -93,29 +92,22 @@ protected:
     }
 };
 
-TEST_F(BarsTest, PseudoDisplaysHaveNoBarAndNoNumber) {
+TEST_F(BarsTest, GoWithTheirDisplaysAndAreFreedOnce) {
+    // Pseudo displays have no bar and no number.
     EXPECT_EQ(Bars(), "DISPLAY2=2 DISPLAY3=3 ");
     primary = Three;
     SyncDisplays();
     EXPECT_EQ(Bars(), "DISPLAY2=2 DISPLAY1=1 ");
-    settings.SetTaskbarsEnable(false);
-    displays.push_back({"DISPLAY4", {800, 600, 1600, 1200}});
-    SyncDisplays();
-    EXPECT_EQ(Bars(), "DISPLAY2=2 DISPLAY1=1 ");
-}
-
-TEST_F(BarsTest, ABarGoesWithItsDisplayAndIsFreedOnce) {
     SecondaryTaskbar* gone = &TaskbarAt(0);
     HWND window = gone->window;
     displays.erase(displays.begin() + 2);
     SendMessageA(window, WM_DISPLAYCHANGE, 0, 0);
-    ASSERT_EQ(Bars(), "DISPLAY3=3 ");
+    ASSERT_EQ(Bars(), "DISPLAY1=1 ");
     EXPECT_FALSE(IsWindow(window));
-    // A live one, none at all, and one that is free already.
-    DeleteRetiredTaskbar(reinterpret_cast<LPARAM>(&TaskbarAt(0)));
-    DeleteRetiredTaskbar(0x1234);
     test::PumpAll();
-    DeleteRetiredTaskbar(reinterpret_cast<LPARAM>(gone));
+    // One that is free already, a live one, and none at all.
+    for (const LPARAM bar : {reinterpret_cast<LPARAM>(gone), reinterpret_cast<LPARAM>(&TaskbarAt(0)), LPARAM{0x1234}})
+        DeleteRetiredTaskbar(bar);
     EXPECT_TRUE(IsWindow(TaskbarAt(0).window));
 }
 
@@ -268,9 +260,7 @@ TEST(TrayHookProc, ClosesOnlyTheEventsOfQuestionsThatLeaveTheQueue) {
 }
 
 TEST(ThemeApi, AnswersWithoutItsLibrary) {
-    ThemeApi missing("no such library.dll");
-    EXPECT_FALSE(missing.IsAppThemed());
-    EXPECT_EQ(missing.OpenThemeData(nullptr, L"TASKBAR"), nullptr);
+    EXPECT_FALSE(ThemeApi("no such library.dll").IsAppThemed());
 }
 
 }  // namespace
