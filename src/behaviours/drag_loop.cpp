@@ -1,7 +1,6 @@
 #include "behaviours/drag_loop.h"
 
 #include "behaviours/borrowed_proc.h"
-#include "behaviours/drag_transparency.h"
 #include "behaviours/geometry.h"
 #include "displays/displays.h"
 #include "hook/behaviours.h"
@@ -24,7 +23,7 @@ void StopWatching() noexcept {
 }
 
 LRESULT OnExitSizeMove(HWND window, WPARAM wParam, LPARAM lParam) noexcept {
-    EndTransparency(dragLoop);
+    EndTransparency(dragLoop.window, dragLoop.transparency);
     const WNDPROC old = dragLoop.oldWindowProc;
     const LRESULT result = CallOldProc(window, old, WM_EXITSIZEMOVE, wParam, lParam);
     SetWindowProc(window, old);
@@ -35,7 +34,7 @@ LRESULT OnExitSizeMove(HWND window, WPARAM wParam, LPARAM lParam) noexcept {
 // The window is destroyed before its loop has ended: its look needs no restoring, and the next loop can be watched.
 LRESULT OnNcDestroy(HWND window, WPARAM wParam, LPARAM lParam) noexcept {
     const WNDPROC old = dragLoop.oldWindowProc;
-    dragLoop.transparencyOn = false;
+    dragLoop.transparency = {};
     SetWindowProc(window, old);
     StopWatching();
     return CallOldProc(window, old, WM_NCDESTROY, wParam, lParam);
@@ -72,7 +71,7 @@ void BeginDragLoop(TrackedWindow& tracked) noexcept {
     // The windows of a thread that ends go without a message, so that nothing has ended their watch.
     const bool orphaned = dragLoop.window && !IsWindow(dragLoop.window);
     if (!orphaned && InterlockedCompareExchange(&watching, 1, 0) != 0) return;
-    dragLoop.transparencyOn = false;
+    dragLoop.transparency = {};
     dragLoop.hasDocked = false;
     GetWindowRect(tracked.window, &dragLoop.dragRect);
     GetCursorPos(&dragLoop.cursor);
@@ -88,7 +87,7 @@ LRESULT CALLBACK DragWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM
     case WM_EXITSIZEMOVE: return OnExitSizeMove(window, wParam, lParam);
     case WM_NCDESTROY: return OnNcDestroy(window, wParam, lParam);
     case WM_MOVING:
-        BeginTransparency(dragLoop);
+        BeginTransparency(window, dragLoop.transparency);
         if (Dock(*reinterpret_cast<RECT*>(lParam))) return 1;
         break;
     }
@@ -97,7 +96,7 @@ LRESULT CALLBACK DragWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM
 
 void EndDragLoop() noexcept {
     if (!dragLoop.window) return;
-    EndTransparency(dragLoop);
+    EndTransparency(dragLoop.window, dragLoop.transparency);
     SetWindowProc(dragLoop.window, dragLoop.oldWindowProc);
     StopWatching();
 }

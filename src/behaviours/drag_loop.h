@@ -1,7 +1,7 @@
 // The watch on one move or size loop, for docking and for transparency.
 #pragma once
 
-#include "common/win_types.h"
+#include "behaviours/drag_transparency.h"
 
 namespace halyard {
 
@@ -14,13 +14,7 @@ struct DragLoop {
     RECT dragRect = {};      // where the window would be if it simply followed the cursor; docking never moves it
     bool hasDocked = false;  // in this loop
 
-    bool transparencyOn = false;
-    bool layeredAdded = false;  // the window wasn't layered before
-    struct {                    // how the platform drew a window that was
-        COLORREF key;
-        BYTE alpha;
-        DWORD flags;
-    } savedLayer = {};
+    DragTransparency transparency;
 };
 
 extern DragLoop dragLoop;

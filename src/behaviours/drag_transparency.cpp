@@ -1,6 +1,5 @@
 #include "behaviours/drag_transparency.h"
 
-#include "behaviours/drag_loop.h"
 #include "behaviours/geometry.h"
 #include "process/profile.h"
 #include "settings/settings.h"
@@ -25,40 +24,37 @@ bool BindLayered() noexcept {
 
 // False for a window that the program draws with UpdateLayeredWindow: the platform knows no attributes of it, and
 // once it was given some, the program's own drawing would fail. Nor can a system be asked that lacks the entry.
-bool SaveLayer(DragLoop& loop) noexcept {
-    auto& layer = loop.savedLayer;
-    if (!getLayeredAttributes || !getLayeredAttributes(loop.window, &layer.key, &layer.alpha, &layer.flags))
-        return false;
+bool SaveLayer(HWND window, DragTransparency& state) noexcept {
+    if (!getLayeredAttributes || !getLayeredAttributes(window, &state.key, &state.alpha, &state.flags)) return false;
     // A window with a colour key only is solid, whatever number the platform has for its opacity.
-    if (!(layer.flags & LWA_ALPHA)) layer.alpha = 255;
-    layer.flags |= LWA_ALPHA;
+    if (!(state.flags & LWA_ALPHA)) state.alpha = 255;
+    state.flags |= LWA_ALPHA;
     return true;
 }
 
 }  // namespace
 
-void BeginTransparency(DragLoop& loop) noexcept {
-    if (loop.transparencyOn || !settings.DragTrans() || !BindLayered()) return;
-    const LONG style = GetWindowLongA(loop.window, GWL_EXSTYLE);
-    loop.layeredAdded = !(style & WS_EX_LAYERED);
-    loop.savedLayer = {};
-    if (loop.layeredAdded)
-        SetWindowLongA(loop.window, GWL_EXSTYLE, style | WS_EX_LAYERED);
-    else if (!SaveLayer(loop))
+void BeginTransparency(HWND window, DragTransparency& state) noexcept {
+    if (state.on || !settings.DragTrans() || !BindLayered()) return;
+    const LONG style = GetWindowLongA(window, GWL_EXSTYLE);
+    state = {};
+    state.layeredAdded = !(style & WS_EX_LAYERED);
+    if (state.layeredAdded)
+        SetWindowLongA(window, GWL_EXSTYLE, style | WS_EX_LAYERED);
+    else if (!SaveLayer(window, state))
         return;
-    loop.transparencyOn = true;
-    setLayeredAttributes(loop.window, loop.savedLayer.key, DragAlpha(settings.DragTransPerCent()),
-                         loop.savedLayer.flags | LWA_ALPHA);
+    state.on = true;
+    setLayeredAttributes(window, state.key, DragAlpha(settings.DragTransPerCent()), state.flags | LWA_ALPHA);
 }
 
-void EndTransparency(DragLoop& loop) noexcept {
-    if (!loop.transparencyOn) return;
-    loop.transparencyOn = false;
-    if (loop.layeredAdded)
+void EndTransparency(HWND window, DragTransparency& state) noexcept {
+    if (!state.on) return;
+    state.on = false;
+    if (state.layeredAdded)
         // Read afresh: the program may have changed other bits during the drag.
-        SetWindowLongA(loop.window, GWL_EXSTYLE, GetWindowLongA(loop.window, GWL_EXSTYLE) & ~WS_EX_LAYERED);
+        SetWindowLongA(window, GWL_EXSTYLE, GetWindowLongA(window, GWL_EXSTYLE) & ~WS_EX_LAYERED);
     else
-        setLayeredAttributes(loop.window, loop.savedLayer.key, loop.savedLayer.alpha, loop.savedLayer.flags);
+        setLayeredAttributes(window, state.key, state.alpha, state.flags);
 }
 
 }  // namespace halyard

@@ -77,8 +77,8 @@ void ReturnToPlace(TrackedWindow& tracked, const WindowMemory& memory) noexcept 
     } else {
         if (memory.showCommand == SW_SHOWNORMAL) {
             Cascade(tracked.window, normal);
-            // The program shows its window itself.
-            if (!IsWindowVisible(tracked.window)) placement.showCmd = SW_HIDE;
+            // Showing and activating the window is left to the program.
+            placement.showCmd = IsWindowVisible(tracked.window) ? SW_SHOWNOACTIVATE : SW_HIDE;
         }
         SetPlacement(tracked.window, placement);
     }

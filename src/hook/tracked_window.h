@@ -14,7 +14,7 @@ struct TrackedWindow {
     bool classified = false;       // the two flags below are valid
     bool isManaged = false;        // gets the menu extension and is reported to the server
     bool isDialog = false;         // is placed as a dialog
-    bool placed = true;            // false only between WM_CREATE and the activation that placed the window
+    bool placed = true;            // false only between WM_CREATE and the moment in which the window comes into sight
     int lastHitTest = 0;           // result of the last WM_NCHITTEST, 0 once consumed
     bool maximisedAcross = false;  // spans all displays
     HMENU submenu = nullptr;       // the extension on the window's system menu, which owns it

@@ -41,9 +41,16 @@ void KeepPopupInFrame(HWND popup) noexcept {
     SetWindowPos(popup, nullptr, place.x, place.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-// wParam isn't looked at: losing the activation counts as a first one as well.
-bool OnActivate(TrackedWindow& tracked) noexcept {
-    if (tracked.placed) return true;
+// Once, when the window comes into sight.
+void BringBack(TrackedWindow& tracked) noexcept {
+    const bool remembers = settings.RemembersWindows();
+    // In that program a dialog is placed later.
+    tracked.placed = remembers || !profile.program.corelpp || !tracked.IsDialog();
+    if (remembers) RestoreWindowMemory(tracked);
+}
+
+bool OnActivate(TrackedWindow& tracked, bool active) noexcept {
+    if (tracked.placed || !active) return true;
     if (profile.program.modeler) KeepPopupInFrame(tracked.window);
     if (tracked.IsDialog() && !profile.program.corelpp) {
         PlaceDialog(tracked);
@@ -51,10 +58,7 @@ bool OnActivate(TrackedWindow& tracked) noexcept {
     }
     if (!tracked.IsManaged()) return true;
     tracked.lastHitTest = 0;
-    if (settings.RemembersWindows()) {
-        RestoreWindowMemory(tracked);
-        tracked.placed = true;
-    }
+    BringBack(tracked);
     return true;
 }
 
@@ -63,8 +67,12 @@ bool OnSettingChange(TrackedWindow& tracked, WPARAM action) noexcept {
     return true;
 }
 
-bool OnWindowPosChanged(const TrackedWindow& tracked) noexcept {
-    PostMessageA(ServerWindow(), HM_WINDOW_CHANGED, reinterpret_cast<WPARAM>(tracked.window), 1);
+bool OnWindowPosChanged(TrackedWindow& tracked, const WINDOWPOS* change) noexcept {
+    if (ServerWindow()) PostMessageA(ServerWindow(), HM_WINDOW_CHANGED, reinterpret_cast<WPARAM>(tracked.window), 1);
+    // A program may activate its window before it shows it, or not at all. A window that is shown minimised comes into
+    // sight later.
+    const bool shows = change && (change->flags & SWP_SHOWWINDOW) && !IsIconic(tracked.window);
+    if (shows && !tracked.placed && tracked.IsManaged() && !tracked.IsDialog()) BringBack(tracked);
     return true;
 }
 
@@ -131,10 +139,10 @@ bool OnEnterSizeMove(TrackedWindow& tracked) noexcept {
 bool DispatchWindowEvent(TrackedWindow& tracked, const CWPRETSTRUCT& event) noexcept {
     switch (event.message) {
     case WM_NCHITTEST: return OnNcHitTest(tracked, event.lResult);
-    case WM_WINDOWPOSCHANGED: return OnWindowPosChanged(tracked);
+    case WM_WINDOWPOSCHANGED: return OnWindowPosChanged(tracked, reinterpret_cast<const WINDOWPOS*>(event.lParam));
     case WM_CREATE: return OnCreate(tracked);
     case WM_DESTROY: return OnDestroy(tracked);
-    case WM_ACTIVATE: return OnActivate(tracked);
+    case WM_ACTIVATE: return OnActivate(tracked, LOWORD(event.wParam) != WA_INACTIVE);
     case WM_SETTINGCHANGE: return OnSettingChange(tracked, event.wParam);
     case WM_STYLECHANGED:
         return OnStyleChanged(tracked, event.wParam, reinterpret_cast<const STYLESTRUCT*>(event.lParam));

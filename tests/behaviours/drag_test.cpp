@@ -1,121 +1,121 @@
-// Windows of foreign programs, dragged by their captions over the borders of displays.
+// Windows of foreign programs, dragged by their captions over the borders of displays, and the ways in which a drag
+// ends.
 #include "support/behaviour_fixture.h"
 
 namespace halyard::test {
 
 namespace {
 
-constexpr LONG Width = 300;
-constexpr LONG Height = 240;
+constexpr char Place[] = "--count 2 --at 600,100,300,240";
 
 RECT At(POINT corner) {
-    return {corner.x, corner.y, corner.x + Width, corner.y + Height};
+    return {corner.x, corner.y, corner.x + 300, corner.y + 240};
 }
 
-// How far the cursor is from where it took the window, and where the window's corner is then.
-struct Step {
-    POINT cursor;
-    POINT corner;
-};
-
-struct Road {
-    const char* name;
-    std::vector<Display> (*displays)();
-    POINT start;
-    std::vector<Step> steps;
-};
-
-const Road Roads[] = {
-    // Over the border in part and for the larger part, clear of it, and back.
-    {"side by side",
-     SideBySide,
-     {600, 100},
-     {{{100, 20}, {700, 120}},
-      {{200, 20}, {724, 120}},
-      {{300, 20}, {1024, 120}},
-      {{500, 20}, {1100, 120}},
-      {{290, 20}, {1024, 120}},
-      {{210, 20}, {724, 120}},
-      {{0, 0}, {600, 100}}}},
-    {"outer edges",
-     SideBySide,
-     {600, 100},
-     {{{-650, 0}, {-50, 100}}, {{0, 600}, {600, 700}}, {{300, 600}, {1024, 700}}, {{10, -105}, {610, -5}}}},
-    {"to the left of the primary display",
-     LeftOfPrimary,
-     {100, 100},
-     {{{-200, 0}, {0, 100}}, {{-300, 0}, {-300, 100}}, {{-1150, 30}, {-1050, 130}}, {{0, 0}, {100, 100}}}},
-    {"above the primary display",
-     AbovePrimary,
-     {100, 100},
-     {{{0, -200}, {100, 0}}, {{0, -300}, {100, -240}}, {{40, -500}, {140, -400}}, {{0, 0}, {100, 100}}}},
-    {"all along three",
-     ThreeInARow,
-     {-800, 100},
-     {{{640, 0}, {-300, 100}},
-      {{700, 0}, {0, 100}},
-      {{1600, 0}, {724, 100}},
-      {{1720, 0}, {1024, 100}},
-      {{0, 0}, {-800, 100}}}},
-    // A bar at the bottom makes that edge an outer one, where a window may leave the desktop.
-    {"under taskbars", UnderTaskbars, {600, 100}, {{{200, 500}, {724, 600}}, {{300, 500}, {1024, 600}}}},
-    // The lower display's bottom lies inside the desktop's bounds.
-    {"uneven heights", UnevenHeights, {1200, 300}, {{{0, 130}, {1200, 360}}, {{0, 40}, {1200, 340}}}},
-};
+// -1 of a window that isn't layered.
+int OpacityOf(HWND window) {
+    BYTE alpha = 0;
+    if (!(GetWindowLongA(window, GWL_EXSTYLE) & WS_EX_LAYERED)) return -1;
+    return GetLayeredWindowAttributes(window, nullptr, &alpha, nullptr) ? alpha : -2;
+}
 
 class DragTest : public BehaviourTest {
 protected:
     void SetUp() override {
         BehaviourTest::SetUp();
         Set("Autodock", 1);
+        Set("DragTrans", 1);
+        Set("DragTransPerCent", 50);
     }
-
-    // Takes the window through all steps of a road, slowly or in leaps.
-    static void Walk(const Sample& frame, const Road& road, bool slowly) {
-        SetWindowPos(frame.window, HWND_TOP, road.start.x, road.start.y, Width, Height, SWP_NOACTIVATE);
-        ASSERT_TRUE(BecomesPlaced(frame.window, At(road.start)));
-        // Elsewhere on the caption than the time before, for else the two would be a double-click.
-        POINT grip = CaptionOf(frame.window);
-        grip.x += slowly ? 20 : 0;
-        Drag drag(frame.window, grip);
-        ASSERT_TRUE(drag.Began());
-        for (const Step& step : road.steps) {
-            if (slowly)
-                drag.SlowlyTo(step.cursor.x, step.cursor.y);
-            else
-                drag.To(step.cursor.x, step.cursor.y);
-            EXPECT_TRUE(BecomesPlaced(frame.window, At(step.corner))) << step.cursor.x << "," << step.cursor.y;
-        }
+    void Open() {
+        StartLoader();
+        frame = OpenFrame("Dragged", Place);
+        ASSERT_TRUE(WindowsBecome(0, 2));
+        other = WindowOf(frame.program->Id(), "Dragged 2");
+        SetWindowPos(other, HWND_BOTTOM, 40, 400, 300, 240, SWP_NOACTIVATE);
+        ASSERT_TRUE(BringToFront(frame.window));
+    }
+    // A drag that docks shows that the library watches drags in that program.
+    static void ExpectDocking(HWND window) {
+        SetWindowPos(window, HWND_TOP, 600, 100, 300, 240, SWP_NOACTIVATE);
+        Drag drag(window, {660, CaptionOf(window).y});
+        drag.To(200, 0);
+        EXPECT_TRUE(BecomesPlaced(window, At({724, 100})));
         drag.Drop();
-        EXPECT_TRUE(BecomesPlaced(frame.window, At(road.steps.back().corner))) << "dropped";
-        EXPECT_EQ(Ask(frame.window, frame::HasOwnProcedure), 1);
+        EXPECT_EQ(Ask(window, sample::HasOwnProcedure), 1);
+        EXPECT_EQ(OpacityOf(window), -1);
     }
+    Sample frame;
+    HWND other = nullptr;
 };
 
+class DragEndTest : public DragTest {};
+
 TEST_F(DragTest, DocksAtInnerBordersOnly) {
-    for (const Road& road : Roads) {
-        ASSERT_TRUE(Arrange(road.displays())) << Describe(PresentDisplays());
-        StartLoader();
-        const Sample frame = OpenFrame("Dragged");
-        ASSERT_TRUE(WindowsBecome(0, 1));
-        for (const bool slowly : {false, true}) {
-            SCOPED_TRACE(std::string(road.name) + (slowly ? ", slowly" : ", in leaps"));
-            Walk(frame, road, slowly);
+    const struct {
+        std::vector<Display> displays;
+        // How far the cursor is from where it took the window at 600, 100, and where the window's corner is then.
+        std::vector<std::pair<POINT, POINT>> steps;
+    } roads[] = {{SideBySide(),
+                  {{{200, 20}, {724, 120}},
+                   {{300, 20}, {1024, 120}},
+                   {{500, 20}, {1100, 120}},
+                   {{290, 20}, {1024, 120}},
+                   {{210, 20}, {724, 120}},
+                   {{-650, 0}, {-50, 100}}}},
+                 {AbovePrimary(), {{{0, -200}, {600, 0}}, {{0, -300}, {600, -240}}, {{0, -500}, {600, -400}}}},
+                 {UnderTaskbars(), {{{200, 500}, {724, 600}}, {{300, 500}, {1024, 600}}}}};
+    for (const auto& [displays, steps] : roads) {
+        ASSERT_TRUE(Arrange(displays)) << Describe(PresentDisplays());
+        Open();
+        Drag drag(frame.window);
+        EXPECT_EQ(OpacityOf(frame.window), -1) << "taken, but not moved yet";
+        for (const auto& [cursor, corner] : steps) {
+            drag.SlowlyTo(cursor.x, cursor.y);
+            EXPECT_TRUE(BecomesPlaced(frame.window, At(corner))) << cursor.x << "," << cursor.y;
+            EXPECT_EQ(OpacityOf(frame.window), 127);
         }
+        drag.Drop();
+        EXPECT_TRUE(BecomesPlaced(frame.window, At(steps.back().second))) << "dropped";
+        PostMessageA(other, WM_CLOSE, 0, 0);
         Close(frame);
         QuitLoader();
     }
 }
 
-TEST_F(DragTest, LeavesAloneWhatIsOff) {
-    Set("Autodock", 0);
-    StartLoader();
-    const Sample frame = OpenFrame("Free", "--at 600,100,300,240");
-    ASSERT_TRUE(WindowsBecome(0, 1));
+TEST_F(DragEndTest, EscapePutsTheWindowBack) {
+    Open();
+    Ask(frame.window, sample::MakeLayered, 100);
     Drag drag(frame.window);
-    drag.SlowlyTo(200, 0);
-    EXPECT_TRUE(BecomesPlaced(frame.window, At({800, 100})));
-    EXPECT_EQ(Ask(frame.window, frame::HasOwnProcedure), 1) << "no watch";
+    drag.To(300, 50);
+    ASSERT_TRUE(BecomesPlaced(frame.window, At({1024, 150})));
+    EXPECT_EQ(OpacityOf(frame.window), 127);
+    TapKey("Escape");
+    EXPECT_TRUE(BecomesPlaced(frame.window, At({600, 100})));
+    EXPECT_TRUE(Eventually([&] { return OpacityOf(frame.window) == 100; }));
+    drag.Drop();
+    ExpectDocking(other);
+}
+
+TEST_F(DragEndTest, UnloadingGivesEverythingBack) {
+    Open();
+    {
+        Drag drag(frame.window);
+        drag.To(200, 0);
+        ASSERT_TRUE(BecomesPlaced(frame.window, At({724, 100})));
+        ASSERT_EQ(Ask(frame.window, sample::HasOwnProcedure), 0) << "watched";
+        // The platform would drop the library when the hooks have gone; Wine leaves that to the program.
+        Loader("--disable");
+        ASSERT_EQ(Ask(other, sample::DropLibrary), 1);
+        EXPECT_EQ(Ask(frame.window, sample::HasOwnProcedure), 1);
+        EXPECT_EQ(OpacityOf(frame.window), -1);
+        // The drag goes on without it, from where the window was put.
+        drag.To(250, 0);
+        EXPECT_TRUE(BecomesPlaced(frame.window, At({774, 100})));
+    }
+    Loader("--enable");
+    ASSERT_TRUE(WindowsBecome(0, 2));
+    ExpectDocking(frame.window);
 }
 
 }  // namespace

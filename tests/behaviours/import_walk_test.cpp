@@ -1,127 +1,82 @@
 #include "behaviours/import_walk.h"
-#include "behaviours/made_up_image.h"
 
 #include <gtest/gtest.h>
 
-#include <functional>
+#include <cstring>
+#include <utility>
 #include <vector>
 
 namespace halyard::test {
 namespace {
 
-using Image = MadeUpImage;
 using Offsets = std::vector<std::size_t>;
 
-constexpr std::size_t Pointer = Image::PointerSize;
+constexpr std::size_t Pointer = sizeof(void*), Size = 0x180, Header = 0x40, Descriptors = 0xE0;
+constexpr std::size_t Directory = Header + (Pointer == 4 ? 0x80 : 0x90);
+constexpr std::size_t FirstTable = 0x120, SecondTable = 0x150;
+constexpr auto Wanted = static_cast<std::uintptr_t>(0x11223344556677F0);
+constexpr std::uintptr_t Ordinal = std::uintptr_t{1} << (8 * Pointer - 1);
 
-void Note(void* context, std::size_t offset) {
-    static_cast<Offsets*>(context)->push_back(offset);
+template <typename Value>
+void Put(std::vector<unsigned char>& bytes, std::size_t offset, Value value) {
+    std::memcpy(&bytes[offset], &value, sizeof(value));
 }
 
-// The walk over the first `size` bytes, in a block of just that size.
-Offsets Walk(const Image& image, std::uintptr_t address, std::size_t size = Image::Size) {
-    const std::vector<unsigned char> exact(image.bytes.begin(),
-                                           image.bytes.begin() + static_cast<std::ptrdiff_t>(size));
+// An image as it would lie in memory, of this program's bitness: two modules are imported from, and both give `Wanted`.
+std::vector<unsigned char> Image() {
+    std::vector<unsigned char> bytes(Size);
+    const std::pair<std::size_t, std::uint32_t> numbers[] = {{0x3C, Header},
+                                                             {Header, 0x4550},
+                                                             {Header + 0x18, Pointer == 4 ? 0x10B : 0x20B},
+                                                             {Directory, Descriptors},
+                                                             {Descriptors, 0x11},
+                                                             {Descriptors + 16, FirstTable},
+                                                             {Descriptors + 20, 0x11},
+                                                             {Descriptors + 36, SecondTable}};
+    for (const auto& [offset, number] : numbers)
+        Put(bytes, offset, number);
+    for (std::size_t place = FirstTable; const std::uintptr_t entry : {Wanted + 16, Wanted, Ordinal | 12, Wanted})
+        Put(bytes, std::exchange(place, place + Pointer), entry);
+    Put(bytes, SecondTable, Wanted);
+    return bytes;
+}
+
+Offsets Walk(const std::vector<unsigned char>& bytes, std::uintptr_t address = Wanted) {
     Offsets found;
-    FindImports({exact.data(), exact.size()}, address, Note, &found);
+    FindImports(
+        {bytes.data(), bytes.size()}, address,
+        [](void* context, std::size_t offset) { static_cast<Offsets*>(context)->push_back(offset); }, &found);
     return found;
 }
 
-const Offsets All = {Image::FirstTable + Pointer, Image::FirstTable + 3 * Pointer, Image::SecondTable};
-const Offsets OfFirst = {All[0], All[1]};
-const Offsets OfSecond = {All[2]};
-
-TEST(ImportWalk, FindsAllEntriesOfAnAddress) {
-    const Image image;
-    EXPECT_EQ(All, Walk(image, Image::Wanted));
-    EXPECT_EQ((Offsets{Image::FirstTable, Image::SecondTable + Pointer}), Walk(image, Image::Other));
-    EXPECT_EQ(Offsets(), Walk(image, 0x1234));
-    EXPECT_EQ(Offsets(), Walk(image, 0)) << "the closing entries are none";
-    EXPECT_EQ(Offsets(), Walk(image, Image::OrdinalBit | 12)) << "an ordinal is no address";
-    EXPECT_EQ(Offsets(), Walk(image, Image::Wanted & 0xFFFF)) << "an entry is compared whole";
-}
-
-// What is damaged, and what is still found.
-TEST(ImportWalk, StaysInsideADamagedImage) {
-    struct Case {
+TEST(ImportWalk, FindsAnAddressAndStaysInsideADamagedImage) {
+    const Offsets all = {FirstTable + Pointer, FirstTable + 3 * Pointer, SecondTable}, first = {all[0], all[1]};
+    const struct {
         const char* what;
-        std::function<void(Image&)> damage;
+        std::size_t offset;
+        std::uint32_t number;  // that stands there
         Offsets found;
+    } cases[] = {
+        {"nothing", 0x3C, Header, all},
+        {"header offset before the wrap", 0x3C, 0xFFFFFFF0, {}},
+        {"no signature", Header, 0x4551, {}},
+        {"header of the other bitness", Header + 0x18, Pointer == 4 ? 0x20B : 0x10B, {}},
+        {"import table past the end", Directory, Size + 1, {}},
+        {"import table that is cut by the end", Directory, Size - 16, {}},
+        {"import table that ends early", Descriptors + 20, 0, first},
+        {"first address table at the wrap", Descriptors + 16, 0xFFFFFFFC, {all[2]}},
+        {"first address table cut by the end", Descriptors + 16, Size - 2, {all[2]}},
     };
-    const auto put32 = [](std::size_t offset, std::uint32_t value) {
-        return [=](Image& image) { image.Put(offset, value); };
-    };
-    const std::size_t firstName = Image::Descriptors;
-    const std::size_t secondName = firstName + Image::DescriptorSize;
-    const std::size_t thirdName = secondName + Image::DescriptorSize;
-    const std::uint32_t lastPointer = Image::Size - Pointer;
-    const Case Cases[] = {
-        {"nothing", [](Image&) {}, All},
-        {"header offset 0", put32(0x3C, 0), {}},
-        {"header offset before the wrap", put32(0x3C, 0xFFFFFFF0), {}},
-        {"header offset half way", put32(0x3C, 0x80000000), {}},
-        {"no signature", put32(Image::HeaderOffset, 0x4551), {}},
-        {"header of the other bitness",
-         [](Image& image) { image.Put<std::uint16_t>(Image::Magic, Pointer == 4 ? 0x20B : 0x10B); },
-         {}},
-        {"no import table",
-         [](Image& image) {
-             image.Put<std::uint32_t>(Image::ImportDirectory, 0);
-             image.Put<std::uint32_t>(16, Image::FirstTable);  // what a descriptor at offset 0 would name
-         },
-         {}},
-        {"import table past the end", put32(Image::ImportDirectory, Image::Size + 1), {}},
-        {"import table that is cut by the end",
-         [](Image& image) {
-             image.Put<std::uint32_t>(Image::ImportDirectory, Image::Size - 16);
-             image.Put<std::uint32_t>(Image::Size - 16, 1);
-         },
-         {}},
-        {"import table that ends early", put32(secondName, 0), OfFirst},
-        {"first address table at the wrap", put32(firstName + 16, 0xFFFFFFFC), OfSecond},
-        {"first address table cut by the end", put32(firstName + 16, Image::Size - 2), OfSecond},
-        {"address table that the end closes",
-         [=](Image& image) {
-             image.PutDescriptor(1, lastPointer);
-             image.Put(lastPointer, Image::Wanted);
-         },
-         {All[0], All[1], lastPointer}},
-        {"descriptors that nothing closes",
-         [=](Image& image) {
-             // They run into the address tables, whose bytes then count as descriptors with tables out of reach.
-             for (std::size_t at = thirdName; at < Image::FirstTable; at += 4)
-                 image.Put<std::uint32_t>(at, 0xEEEEEEEE);
-         },
-         All},
-        {"entry that is an ordinal",
-         [](Image& image) { image.Put(Image::SecondTable, Image::Wanted | Image::OrdinalBit); }, OfFirst},
-        {"one table for both",
-         [](Image& image) { image.PutDescriptor(1, Image::FirstTable); },
-         {All[0], All[1], All[0], All[1]}},
-        {"table off its alignment",
-         [](Image& image) {
-             image.PutDescriptor(1, Image::SecondTable + 1);
-             image.PutEntries(Image::SecondTable + 1, {Image::Wanted, std::uintptr_t{0}});
-         },
-         {All[0], All[1], Image::SecondTable + 1}},
-    };
-    for (const Case& test : Cases) {
-        Image image;
-        test.damage(image);
-        EXPECT_EQ(test.found, Walk(image, Image::Wanted)) << test.what;
+    for (const auto& test : cases) {
+        auto image = Image();
+        Put(image, test.offset, test.number);
+        EXPECT_EQ(test.found, Walk(image)) << test.what;
     }
-}
-
-TEST(ImportWalk, FindsInATruncatedImageWhatIsLeft) {
-    const Image image;
-    for (std::size_t size = 0; size <= Image::Size; ++size) {
-        Offsets expected;
-        // The walk reaches a table once its descriptor is whole; then it goes to the last whole entry.
-        for (const std::size_t offset : All) {
-            const std::size_t descriptor = Image::Descriptors + (offset >= Image::SecondTable ? 20 : 0);
-            if (descriptor + 20 <= size && offset + Pointer <= size) expected.push_back(offset);
-        }
-        EXPECT_EQ(expected, Walk(image, Image::Wanted, size)) << size << " bytes";
+    for (const std::uintptr_t none : {std::uintptr_t{0}, Ordinal | 12, Wanted & 0xFFFF})
+        EXPECT_EQ(Offsets(), Walk(Image(), none)) << none;
+    for (std::size_t size = 0; size < SecondTable + Pointer; ++size) {
+        const auto whole = Image();
+        EXPECT_LT(Walk({whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(size)}).size(), all.size()) << size;
     }
 }
 

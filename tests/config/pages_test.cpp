@@ -31,7 +31,7 @@ protected:
 TEST_F(PagesTest, WindowsChoicesReachStoreProgramsAndTheNextSheet) {
     StartLoader();
     const Sample frame = OpenFrame("Witness");
-    ASSERT_NE(ReportOf(frame, frame::ReportMenu).find("64766"), std::string::npos);
+    ASSERT_NE(ReportOf(frame, sample::ReportMenu).find("64766"), std::string::npos);
     OpenSheet(WindowsTab);
     EXPECT_FALSE(CanApply());
     ASSERT_TRUE(Becomes(IDC_WITH_CONTROL, false));
@@ -59,8 +59,8 @@ TEST_F(PagesTest, WindowsChoicesReachStoreProgramsAndTheNextSheet) {
         EXPECT_EQ(Stored(row.value), row.expected) << row.value;
     EXPECT_EQ(Stored("DialogMonitor"), static_cast<DWORD>(GetSystemMetrics(SM_CMONITORS)))
         << "the list follows the machine";
-    EXPECT_TRUE(Eventually([&] { return ReportOf(frame, frame::ReportMenu).find("64766") == std::string::npos; }))
-        << "the running program keeps the menu extension: " << ReportOf(frame, frame::ReportMenu);
+    EXPECT_TRUE(Eventually([&] { return ReportOf(frame, sample::ReportMenu).find("64766") == std::string::npos; }))
+        << "the running program keeps the menu extension: " << ReportOf(frame, sample::ReportMenu);
 
     ClickControl(IDC_DIALOGS_DEFAULT);
     ASSERT_TRUE(Becomes(IDC_DIALOGS_WHERE, false));

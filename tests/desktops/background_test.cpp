@@ -40,7 +40,7 @@ protected:
                                            << "; wanted \"" << wanted.wallpaper << "\", style " << wanted.style;
     }
     // In a fresh program, since running ones may keep a colour that they have asked for once.
-    COLORREF Colour() { return children.Run("\"" + BinFolder() + "sample_window.exe\" --colour").status; }
+    COLORREF Colour() { return children.Run("\"" + BinFolder() + sample::File + "\" --colour").status; }
 
 private:
     std::unique_ptr<ClassRegistration> registration;

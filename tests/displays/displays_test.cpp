@@ -1,13 +1,52 @@
-#include "behaviours/inprocess_fixture.h"
+#include "displays/displays.h"
+
+#include "support/rect_values.h"
+#include "support/store_fixture.h"
 
 #include <atomic>
 #include <functional>
 #include <thread>
+#include <vector>
 
 namespace halyard::test {
 namespace {
 
-class DisplaysTest : public BehaviourTest {};
+struct RealDisplay {
+    HMONITOR handle;
+    RECT workArea;
+};
+
+BOOL CALLBACK NoteDisplay(HMONITOR display, HDC, RECT*, LPARAM target) {
+    MONITORINFO info = {};
+    info.cbSize = sizeof(info);
+    GetMonitorInfoA(display, &info);
+    reinterpret_cast<std::vector<RealDisplay>*>(target)->push_back({display, info.rcWork});
+    return TRUE;
+}
+
+std::vector<RealDisplay> RealDisplays() {
+    std::vector<RealDisplay> found;
+    EnumDisplayMonitors(nullptr, nullptr, NoteDisplay, reinterpret_cast<LPARAM>(&found));
+    return found;
+}
+
+struct DisplaysTest : StoreTest {
+    DisplaysTest() : bounds(displays.front().workArea) {
+        for (const RealDisplay& display : displays)
+            bounds = UnionOf(bounds, display.workArea);
+        RefreshDisplays();
+    }
+    ~DisplaysTest() override {
+        profile.enumDisplayMonitors = EnumDisplayMonitors;
+        RefreshDisplays();
+    }
+    const std::vector<RealDisplay> displays = RealDisplays();
+    RECT bounds;  // of all work areas
+};
+
+BOOL WINAPI EnumerateFirst(HDC, const RECT*, MONITORENUMPROC callback, LPARAM data) {
+    return callback(RealDisplays().front().handle, nullptr, nullptr, data);
+}
 
 unsigned callbacks = 0;
 
@@ -25,7 +64,7 @@ TEST_F(DisplaysTest, FollowsThePlatform) {
     ASSERT_EQ(displays.size(), set.count);
     for (const RealDisplay& display : displays)
         EXPECT_EQ(display.workArea, set.displays[set.IndexOf(HandleBits(display.handle))].workArea);
-    PretendDisplays(1);
+    profile.enumDisplayMonitors = EnumerateFirst;
     EXPECT_EQ(bounds, WorkBounds()) << "not before a refresh";
     RefreshDisplays();
     EXPECT_EQ(1u, CurrentDisplays().count);

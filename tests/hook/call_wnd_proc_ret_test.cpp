@@ -261,7 +261,7 @@ TEST_F(RecordsTest, OutliveTheirWindowsUntilTheHookCallEnds) {
         if (test.message == WM_SYSCOMMAND)
             Take(window.get(), test.message, SC_CLOSE);
         else
-            Observe(window.get(), test.message);
+            Observe(window.get(), test.message, WA_ACTIVE);
         recording.during = nullptr;
         EXPECT_EQ(0, inside) << "released while it was in use, or never reached (-1)";
         EXPECT_EQ(1, releases);

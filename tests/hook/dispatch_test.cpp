@@ -41,8 +41,11 @@ struct Case {
 const STYLESTRUCT toChild = {WS_OVERLAPPEDWINDOW, WS_OVERLAPPEDWINDOW | WS_CHILD};
 const STYLESTRUCT fromChild = {WS_CHILD, WS_OVERLAPPEDWINDOW};
 
-LPARAM At(const STYLESTRUCT& styles) {
-    return reinterpret_cast<LPARAM>(&styles);
+const WINDOWPOS shown = {nullptr, nullptr, 0, 0, 0, 0, SWP_SHOWWINDOW};
+
+template <typename Structure>
+LPARAM At(const Structure& structure) {
+    return reinterpret_cast<LPARAM>(&structure);
 }
 
 constexpr WPARAM Style = static_cast<WPARAM>(GWL_STYLE);
@@ -68,18 +71,20 @@ const Case Cases[] = {
 
     {"activation of a placed dialog", {WM_ACTIVATE, WA_ACTIVE}, Dialog},
     {"first activation of a dialog", {WM_ACTIVATE, WA_ACTIVE}, Dialog | Unplaced, {Place}},
-    {"first loss of activation", {WM_ACTIVATE, WA_INACTIVE}, Dialog | Unplaced, {Place}},
-    {"first activation, memory only offered", {WM_ACTIVATE}, Offered | Unplaced, {}, Unplaced | HitCleared},
-    {"first activation with memory", {WM_ACTIVATE}, Memory | Unplaced, {Restore}, HitCleared},
-    {"first activation of both", {WM_ACTIVATE}, Both | Memory | Unplaced, {Place, Restore}, HitCleared},
-    {"dialog in corelpp", {WM_ACTIVATE}, Dialog | Corelpp | Unplaced, {}, Unplaced},
-    {"both in corelpp", {WM_ACTIVATE}, Both | Corelpp | Memory | Unplaced, {Restore}, HitCleared},
+    {"loss of activation", {WM_ACTIVATE, WA_INACTIVE}, Both | Memory | Unplaced, {}, Unplaced},
+    {"first activation, memory only offered", {WM_ACTIVATE, WA_ACTIVE}, Offered | Unplaced, {}, HitCleared},
+    {"first activation with memory", {WM_ACTIVATE, WA_ACTIVE}, Memory | Unplaced, {Restore}, HitCleared},
+    {"first activation of both", {WM_ACTIVATE, WA_ACTIVE}, Both | Memory | Unplaced, {Place, Restore}, HitCleared},
+    {"dialog in corelpp", {WM_ACTIVATE, WA_ACTIVE}, Dialog | Corelpp | Unplaced, {}, Unplaced},
+    {"both in corelpp", {WM_ACTIVATE, WA_ACTIVE}, Both | Corelpp | Memory | Unplaced, {Restore}, HitCleared},
 
     {"new work area", {WM_SETTINGCHANGE, SPI_SETWORKAREA}, Managed, {Refresh}},
     {"other setting", {WM_SETTINGCHANGE, SPI_GETWORKAREA}},
     {"new displays", {WM_DISPLAYCHANGE}, Managed, {Refresh}},
 
-    {"move of a window", {WM_WINDOWPOSCHANGED}, Managed, {"post 1189 1"}},
+    {"move of a window", {WM_WINDOWPOSCHANGED}, Memory | Unplaced, {"post 1189 1"}, Unplaced},
+    {"show of a window", {WM_WINDOWPOSCHANGED, 0, At(shown)}, Memory | Unplaced, {"post 1189 1", Restore}},
+    {"show of a dialog", {WM_WINDOWPOSCHANGED, 0, At(shown)}, Both | Memory | Unplaced, {"post 1189 1"}, Unplaced},
 
     {"window turned child", {WM_STYLECHANGED, Style, At(toChild)}, Managed, {Add}, Dropped},
     {"child turned window", {WM_STYLECHANGED, Style, At(fromChild)}, Child, {Remove}},

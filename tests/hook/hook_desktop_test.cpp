@@ -11,8 +11,8 @@ constexpr char LibraryFile[] = "tvlHalyd.dll";
 
 TEST_F(HookTest, KeepOutOfExcludedProgramsAndClasses) {
     const std::string scratch = ScratchFolder();
-    const std::string excludedPath = CopyTo(scratch, "sample_window.exe", "excluded.exe");
-    const std::string includedPath = CopyTo(scratch, "sample_window.exe", "included.exe");
+    const std::string excludedPath = CopyTo(scratch, sample::File, "excluded.exe");
+    const std::string includedPath = CopyTo(scratch, sample::File, "included.exe");
     WriteNumber(ProgramKey(excludedPath), "Excluded", 1);
     WriteNumber(ProgramKey(includedPath), "Excluded", 0);
     StartLoader();
@@ -70,7 +70,7 @@ TEST_F(HookTest, LetProgramsOfSpecialNamesLive) {
     StartLoader();
     std::vector<Sample> samples;
     for (const char* name : Names)
-        samples.push_back(OpenProgram(CopyTo(scratch, "sample_window.exe", name), {}, sample::DefaultTitle));
+        samples.push_back(OpenProgram(CopyTo(scratch, sample::File, name), {}, sample::DefaultTitle));
     ASSERT_TRUE(WindowsBecome(0, static_cast<unsigned>(samples.size())));
     for (const Sample& sample : samples) {
         EXPECT_NE(sample.program->Module(LibraryFile), nullptr);
@@ -99,7 +99,7 @@ TEST_F(HookTest, TakeTheProgramsWindowsOutOfTheServersMapWithTheLibrary) {
     ASSERT_TRUE(WindowsBecome(0, 2));
     Switch(1);
     ASSERT_TRUE(BecomesHidden(leaving.window));
-    ASSERT_EQ(Ask(leaving.window, sample::UnmapLibrary), 1);
+    ASSERT_EQ(Ask(leaving.window, sample::DropLibrary), 1);
     EXPECT_TRUE(BecomesVisible(leaving.window)) << "forgotten, and so shown";
     EXPECT_TRUE(WindowsBecome(0, 1));
     EXPECT_TRUE(StaysHidden(staying.window));

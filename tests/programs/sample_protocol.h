@@ -1,27 +1,51 @@
-// How a test steers the sample programs: messages to their windows.
+// How a test starts, steers and asks the sample program: switches, and messages to its windows.
 #pragma once
 
+#include <string>
 #include <windows.h>
 
 namespace sample {
 
-inline constexpr char DefaultClass[] = "HalyardSample";
+// Switches: --title TEXT, --class NAME, --at LEFT,TOP,WIDTH,HEIGHT, and
+//   --count N    main windows, the second and later ones with " 2", " 3" after their title and a step aside
+//   --threads    each main window on a thread of its own
+//   --inactive   main windows are shown without being activated; --hidden: they aren't shown
+//   --colour     no window: ends with the background colour as the exit status
+//   --shell      a shell's desktop windows, with a context menu of one item; the file's name must hold "explorer"
+//   --screen N   holds the screen's size where the modelling programs do, with the width N; 0: the first display's;
+//                -1: that one, and nobody can reach it
+inline constexpr char File[] = "sample.exe";
 inline constexpr char DefaultTitle[] = "Sample";
+inline constexpr char DefaultClass[] = "HalyardSample";
 
 // Sent unless it says posted; the answer is the message's result.
 enum Message : UINT {
     ShowAs = WM_APP + 1,  // wParam: as ShowWindow takes it. The program shows or hides the window itself
     OpenPopup,            // wParam: visible. Opens a popup that the window owns; the answer is its handle
     Hang,                 // posted; wParam: ms. The thread stops, until that time or the event below
-    CountMessage,         // wParam: a message below WM_USER. The answer is how many the program's windows were sent
-    UnmapLibrary,         // takes the hook library out of the program; the answer is whether it has gone
-    OpenMenu,             // the sample shell, posted; lParam: the place on the screen
-    CountMenuItem,        // the sample shell; wParam: an id. The answer is how many items of the menu have it
-    MenuItemBefore,       // the sample shell; wParam: an id. The answer is the type of the item above it
-    MenuItemPlace,        // the sample shell, while the menu is open; wParam: an id. The answer is the item's centre
+    CountMessage,         // wParam: a message below WM_USER. The answer is how many the main windows got
+    CountHides,           // how often main windows were hidden
+    DropLibrary,          // frees the product's library, as the platform does when its hooks have gone; whether it went
+    OpenMenu,             // of the shell, posted; lParam: the place on the screen
+    ReportMenu,           // writes the system menu, or the shell's menu, into the report
+    ItemPlace,            // wParam: id of an item of an open menu. The answer is its centre on the screen, 0 for none
+    OpenDialog,           // wParam: an `Owner`; lParam: the place. The answer is the handle; it isn't shown yet
+    Activate,             // makes the window the active one of its thread, shown or not
+    HasOwnProcedure,      // whether the window's procedure is the one that the program gave it
+    MakeLayered,          // wParam: opacity
+    ReportSizes,          // writes what "ExtensionLayer.dll" of the program's folder and the program itself are told
+                          // of the desktop's size, and the size that the program holds
 };
+
+enum Owner : WPARAM { VisibleOwner, HiddenOwner, NoOwner };
 
 // A manual-reset event; set, it ends every hang.
 inline constexpr char WakeEvent[] = "HalyardSampleWake";
+
+// The report of a process: zero-closed text in a named block of memory.
+inline constexpr unsigned ReportSize = 8192;
+inline std::string ReportName(DWORD processId) {
+    return "HalyardSampleReport" + std::to_string(processId);
+}
 
 }  // namespace sample

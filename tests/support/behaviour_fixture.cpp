@@ -35,26 +35,16 @@ Sample BehaviourTest::OpenFrameFrom(const std::string& file, const std::string& 
 }
 
 Sample BehaviourTest::OpenFrame(const std::string& title, const std::string& switches) {
-    return OpenFrameFrom(BinFolder() + "sample_frame.exe", title, switches);
+    return OpenFrameFrom(BinFolder() + sample::File, title, switches);
 }
 
 Sample BehaviourTest::OpenFrameAs(const std::string& name, const std::string& title, const std::string& switches) {
-    return OpenFrameFrom(CopyTo(ScratchFolder(), "sample_frame.exe", name), title, switches);
+    return OpenFrameFrom(CopyTo(ScratchFolder(), sample::File, name), title, switches);
 }
 
-HWND BehaviourTest::OpenDialog(const Sample& frame, frame::Owner owner, POINT place) {
-    const LRESULT dialog = Ask(frame.window, frame::OpenDialog, owner, MAKELONG(place.x, place.y));
+HWND BehaviourTest::OpenDialog(const Sample& frame, sample::Owner owner, POINT place) {
+    const LRESULT dialog = Ask(frame.window, sample::OpenDialog, owner, MAKELONG(place.x, place.y));
     return reinterpret_cast<HWND>(static_cast<LONG_PTR>(dialog));
-}
-
-std::string BehaviourTest::ReportOf(const Sample& frame, UINT message) {
-    if (Ask(frame.window, message) < 0) return "no answer";
-    const HANDLE block = OpenFileMappingA(FILE_MAP_READ, FALSE, frame::ReportName(frame.program->Id()).c_str());
-    const void* view = MapViewOfFile(block, FILE_MAP_READ, 0, 0, frame::ReportSize);
-    const std::string text = view ? static_cast<const char*>(view) : "no report";
-    UnmapViewOfFile(view);
-    CloseHandle(block);
-    return text;
 }
 
 void BehaviourTest::Close(const Sample& sample) {

@@ -1,7 +1,7 @@
 // One test of what the behaviours do to windows of foreign programs.
 #pragma once
 
-#include "programs/frame_protocol.h"
+#include "programs/sample_protocol.h"
 #include "support/arrangement.h"
 #include "support/desktop_fixture.h"
 #include "support/input.h"
@@ -21,14 +21,13 @@ protected:
     static void TellSettings(const Sample& witness);
     static void SetFullDrag(bool on);
 
-    // Opens `sample_frame`, the original or a copy under another name, and waits until the server knows its windows.
+    // Opens the sample program, the original or a copy under another name, and waits until the server knows its
+    // windows.
     Sample OpenFrame(const std::string& title, const std::string& switches = {});
     Sample OpenFrameAs(const std::string& name, const std::string& title, const std::string& switches = {});
     Sample OpenFrameFrom(const std::string& file, const std::string& title, const std::string& switches = {});
 
-    static HWND OpenDialog(const Sample& frame, frame::Owner owner, POINT place);
-    // What the program has written in answer to a message.
-    static std::string ReportOf(const Sample& frame, UINT message);
+    static HWND OpenDialog(const Sample& frame, sample::Owner owner, POINT place);
 
     // Ends the program as its user does, and waits for its end.
     static void Close(const Sample& sample);

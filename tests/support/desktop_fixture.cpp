@@ -80,7 +80,7 @@ Sample DesktopTest::OpenProgram(const std::string& file, const std::string& swit
 }
 
 Sample DesktopTest::OpenSample(const std::string& title, const std::string& switches) {
-    return OpenProgram(BinFolder() + "sample_window.exe", "--title \"" + title + "\" " + switches, title);
+    return OpenProgram(BinFolder() + sample::File, "--inactive --title \"" + title + "\" " + switches, title);
 }
 
 Sample DesktopTest::OpenNotepad() {
@@ -108,6 +108,16 @@ std::string DesktopTest::CopyTo(const std::string& targetFolder, const std::stri
     const std::string target = targetFolder + name;
     EXPECT_TRUE(CopyFileA((BinFolder() + file).c_str(), target.c_str(), FALSE)) << target << ": " << GetLastError();
     return target;
+}
+
+std::string DesktopTest::ReportOf(const Sample& asked, UINT message) {
+    if (Ask(asked.window, message) < 0) return "no answer";
+    const HANDLE block = OpenFileMappingA(FILE_MAP_READ, FALSE, sample::ReportName(asked.program->Id()).c_str());
+    const void* view = MapViewOfFile(block, FILE_MAP_READ, 0, 0, sample::ReportSize);
+    const std::string text = view ? static_cast<const char*>(view) : "no report";
+    UnmapViewOfFile(view);
+    CloseHandle(block);
+    return text;
 }
 
 LRESULT DesktopTest::AskServer(UINT message, WPARAM wParam, LPARAM lParam) {

@@ -40,6 +40,9 @@ protected:
     // Two of its popups, one shown and one not.
     static HWND OpenPopup(const Sample& sample, bool visible);
 
+    // What the program has written in answer to a message.
+    static std::string ReportOf(const Sample& sample, UINT message);
+
     // A folder of this test's own, with a backslash behind.
     std::string ScratchFolder();
     // Copies a file of the bin folder; returns the copy's path.

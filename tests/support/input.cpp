@@ -162,11 +162,6 @@ POINT MaximiseButtonOf(HWND window) {
             CaptionOf(window).y};
 }
 
-POINT LowerRightCornerOf(HWND window) {
-    const RECT place = PlaceOf(window);
-    return {place.right - 2, place.bottom - 2};
-}
-
 RECT PlaceOf(HWND window) {
     RECT place = {};
     GetWindowRect(window, &place);

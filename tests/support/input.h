@@ -44,7 +44,6 @@ testing::AssertionResult CloseMenus(HWND window);
 // Places on the frame of a window of the common style.
 POINT CaptionOf(HWND window);
 POINT MaximiseButtonOf(HWND window);
-POINT LowerRightCornerOf(HWND window);
 
 RECT PlaceOf(HWND window);
 // Waits until the window stands at this place.
