@@ -8,7 +8,7 @@
 #include "bench/window_host.h"
 #include "desktops/desktop_list.h"
 #include "desktops/desktop_switch.h"
-#include "desktops/window_desktop_map.h"
+#include "desktops/window_switch.h"
 #include "process/com.h"
 #include "process/profile.h"
 #include "process/shared_section.h"
@@ -34,7 +34,7 @@ using Step = void (*)(const std::vector<HWND>& windows, bool away);
 
 void Sweep(const std::vector<HWND>&, bool away) {
     SetCurrentDesktopId(away ? OtherDesktop : DefaultDesktopId);
-    windowDesktopMap.SweepAll();
+    SwitchWindows(away ? DefaultDesktopId : OtherDesktop);
 }
 
 void BareLoop(const std::vector<HWND>& windows, bool away) {
@@ -82,7 +82,7 @@ bool Run(unsigned windowCount, bool withHung, unsigned rounds) {
     const std::vector<HWND> windows = programs.Windows();
     if (windows.size() != windowCount + (withHung ? HungWindows : 0)) return false;
     for (HWND window : windows)
-        windowDesktopMap.Assign(window, DefaultDesktopId);
+        AssignWindow(window, DefaultDesktopId);
 
     Series bare;
     Series sweep;
@@ -93,7 +93,7 @@ bool Run(unsigned windowCount, bool withHung, unsigned rounds) {
         if (!withHung && !whole.Add(WholeSwitch, programs, windows)) return false;
     }
     for (HWND window : windows)
-        windowDesktopMap.Forget(window);
+        ForgetWindow(window);
     bare.Print("bare", windowCount, withHung);
     sweep.Print("sweep", windowCount, withHung);
     if (!withHung) whole.Print("whole", windowCount, withHung);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <new>
+#include <utility>
 
 namespace halyard {
 
@@ -12,11 +13,29 @@ public:
     Row() noexcept = default;
     Row(const Row&) = delete;
     Row& operator=(const Row&) = delete;
+    Row(Row&& other) noexcept { Swap(other); }
+    Row& operator=(Row&& other) noexcept {
+        Swap(other);
+        return *this;
+    }
     ~Row() { Clear(); }
+
+    void Swap(Row& other) noexcept {
+        std::swap(values, other.values);
+        std::swap(count, other.count);
+        std::swap(capacity, other.capacity);
+    }
 
     void Add(Value value) noexcept {
         if (count == capacity && !Grow()) return;
         values[count++] = value;
+    }
+    // The ones from `index` on move up.
+    void Insert(unsigned index, Value value) noexcept {
+        if (count == capacity && !Grow()) return;
+        for (unsigned from = count++; from > index; --from)
+            values[from] = values[from - 1];
+        values[index] = value;
     }
     void Clear() noexcept {
         delete[] values;
@@ -32,6 +51,16 @@ public:
     }
 
     unsigned Count() const noexcept { return count; }
+    // The count when the value isn't there.
+    unsigned IndexOf(const Value& value) const noexcept {
+        unsigned index = 0;
+        while (index < count && !(values[index] == value))
+            ++index;
+        return index;
+    }
+    bool Has(const Value& value) const noexcept { return IndexOf(value) < count; }
+    Value& operator[](unsigned index) noexcept { return values[index]; }
+    const Value& operator[](unsigned index) const noexcept { return values[index]; }
     Value At(unsigned index) const noexcept { return values[index]; }
     const Value* begin() const noexcept { return values; }
     const Value* end() const noexcept { return values + count; }

@@ -8,7 +8,6 @@ namespace halyard {
 // Both only act in the server process, on the server's thread, after `BindCom`. Without the shell's object, wallpaper
 // and style stay as they are in the desktop and on the platform.
 void CaptureBackground(Desktop& desktop) noexcept;
-// Brings the windows in line first.
 void ApplyBackground(const Desktop& desktop) noexcept;
 
 }  // namespace halyard

@@ -1,7 +1,7 @@
 #include "desktops/background_notifier.h"
 
 #include "common/handles.h"
-#include "process/profile.h"
+#include "desktops/helper_thread.h"
 #include "process/protocol.h"
 
 namespace halyard {
@@ -53,23 +53,9 @@ bool DoNext() noexcept {
     return colourDue || settingsDue;
 }
 
-// `library` holds a reference of its own to the library, which must not be unmapped while this thread runs in it.
-DWORD WINAPI NotifierThread(void* library) {
+void NotifyAll() {
     while (DoNext()) {
     }
-    if (library) FreeLibraryAndExitThread(static_cast<HMODULE>(library), 0);
-    return 0;
-}
-
-void Start() noexcept {
-    const HMODULE library = LoadLibraryA(ModulePath(profile.moduleInstance).text);
-    DWORD id = 0;
-    const KernelHandle thread(CreateThread(nullptr, 0, NotifierThread, library, 0, &id));
-    if (thread) return;
-    // No thread could be made: do the work here, even though a slow program then holds it up.
-    while (DoNext()) {
-    }
-    if (library) FreeLibrary(library);
 }
 
 // The notices also go to the windows of this thread, so sent messages must be answered while it waits.
@@ -93,7 +79,8 @@ void Order(Request request) noexcept {
         notifier.running = true;
         ResetEvent(notifier.idle.get());
     }
-    if (start) Start();
+    // Where no thread can be made the work is done here, even though a slow program then holds it up.
+    if (start && !RunOnHelperThread(NotifyAll)) NotifyAll();
     WaitUntilIdle();
 }
 

@@ -1,7 +1,5 @@
 #include "desktops/desktop_rules.h"
 
-#include "process/protocol.h"
-
 namespace halyard {
 
 unsigned DesktopIdOfKey(const char* name) noexcept {
@@ -15,15 +13,6 @@ unsigned DesktopIdOfKey(const char* name) noexcept {
         id = id * 10 + digit;
     }
     return id;
-}
-
-SweepAction DecideSweep(bool visible, unsigned desktopId, bool hidden, unsigned currentId) noexcept {
-    const bool here = desktopId == currentId;
-    if (visible) {
-        if (!here && desktopId != AllDesktopsId) return SweepAction::Hide;
-        return hidden ? SweepAction::Show : SweepAction::Nothing;
-    }
-    return here && hidden ? SweepAction::Show : SweepAction::Nothing;
 }
 
 }  // namespace halyard

@@ -7,13 +7,6 @@ namespace halyard {
 // above 0 and below 0x40000000. That bit marks hotkey actions of desktops, so no id may have it.
 unsigned DesktopIdOfKey(const char* name) noexcept;
 
-// What a sweep does with one window.
-enum class SweepAction { Nothing, Hide, Show };
-
-// `hidden`: the system itself has hidden the window. A window that its program hid stays hidden, one that its program
-// shows while its desktop isn't current is hidden again.
-SweepAction DecideSweep(bool visible, unsigned desktopId, bool hidden, unsigned currentId) noexcept;
-
 // The position after (`step` 1) or before (`step` -1) `position` in a list of `count`; the ends are joined.
 constexpr unsigned Neighbour(unsigned position, unsigned count, int step) noexcept {
     return (position + count + static_cast<unsigned>(step)) % count;

@@ -3,8 +3,9 @@
 #include "desktops/background.h"
 #include "desktops/desktop_list.h"
 #include "desktops/desktop_rules.h"
-#include "desktops/session_record.h"
+#include "desktops/kept_background.h"
 #include "desktops/window_desktop_map.h"
+#include "desktops/window_switch.h"
 #include "process/server_call.h"
 #include "process/shared_section.h"
 #include "process/trace.h"
@@ -49,6 +50,7 @@ void Switch(DesktopId id) noexcept {
     const Desktop incoming = *found;
     Trace("Switch", "desktop %d to %d", static_cast<int>(current), static_cast<int>(id));
     SetCurrentDesktopId(id);
+    SwitchWindows(current);
     ApplyBackground(incoming);
     if (id == DefaultDesktopId) DropDefaultBackground();
 }
@@ -92,7 +94,11 @@ void RemoveDesktop(DesktopId id) noexcept {
     RunOnServerThread([id] {
         windowDesktopMap.MoveWindows(id, DefaultDesktopId);
         desktopList.Remove(id);
-        if (id == CurrentDesktopId()) ActivateHere(DefaultDesktopId);
+        if (id == CurrentDesktopId())
+            ActivateHere(DefaultDesktopId);
+        else
+            BringInLine();
+        ForgetOrder(id);
     });
 }
 
@@ -103,6 +109,7 @@ void SetMultiDesk(bool on) noexcept {
     RunOnServerThread([] {
         ActivateHere(DefaultDesktopId);
         windowDesktopMap.MoveAllWindows(DefaultDesktopId);
+        BringInLine();
     });
 }
 

@@ -50,6 +50,9 @@ void BringBack(TrackedWindow& tracked) noexcept {
 }
 
 bool OnActivate(TrackedWindow& tracked, bool active) noexcept {
+    // The server decides what becomes of a window that is activated although its desktop isn't to be seen.
+    if (active && ServerWindow() && GetPropA(tracked.window, HiddenMark))
+        PostMessageA(ServerWindow(), HM_WINDOW_CALLS, reinterpret_cast<WPARAM>(tracked.window), 0);
     if (tracked.placed || !active) return true;
     if (profile.program.modeler) KeepPopupInFrame(tracked.window);
     if (tracked.IsDialog() && !profile.program.corelpp) {
@@ -67,12 +70,30 @@ bool OnSettingChange(TrackedWindow& tracked, WPARAM action) noexcept {
     return true;
 }
 
-bool OnWindowPosChanged(TrackedWindow& tracked, const WINDOWPOS* change) noexcept {
-    if (ServerWindow()) PostMessageA(ServerWindow(), HM_WINDOW_CHANGED, reinterpret_cast<WPARAM>(tracked.window), 1);
+enum class Sight { Unchanged, Shown, Gone };
+
+Sight ChangeOfSight(HWND window, UINT flags) noexcept {
+    constexpr UINT StateChanged = 0x8000;  // SWP_STATECHANGED, which the headers leave out
+    const auto style = static_cast<DWORD>(GetWindowLongA(window, GWL_STYLE));
+    if (style & WS_CHILD) return Sight::Unchanged;
+    if ((flags & SWP_HIDEWINDOW) || ((flags & StateChanged) && (style & WS_MINIMIZE))) return Sight::Gone;
+    return flags & SWP_SHOWWINDOW ? Sight::Shown : Sight::Unchanged;
+}
+
+void TellServer(HWND window, Sight change) noexcept {
+    if (!ServerWindow()) return;
+    const auto wParam = reinterpret_cast<WPARAM>(window);
+    PostMessageA(ServerWindow(), HM_WINDOW_CHANGED, wParam, 1);
+    if (change != Sight::Unchanged) PostMessageA(ServerWindow(), HM_WINDOW_SHOWN, wParam, change == Sight::Shown);
+}
+
+bool OnWindowPosChanged(TrackedWindow& tracked, const WINDOWPOS* position) noexcept {
+    const Sight change = position ? ChangeOfSight(tracked.window, position->flags) : Sight::Unchanged;
+    TellServer(tracked.window, change);
     // A program may activate its window before it shows it, or not at all. A window that is shown minimised comes into
     // sight later.
-    const bool shows = change && (change->flags & SWP_SHOWWINDOW) && !IsIconic(tracked.window);
-    if (shows && !tracked.placed && tracked.IsManaged() && !tracked.IsDialog()) BringBack(tracked);
+    const bool comes = change == Sight::Shown && !IsIconic(tracked.window);
+    if (comes && !tracked.placed && tracked.IsManaged() && !tracked.IsDialog()) BringBack(tracked);
     return true;
 }
 

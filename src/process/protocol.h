@@ -8,6 +8,9 @@ namespace halyard {
 
 inline constexpr char ServerWindowClass[] = "TevralHalyardServerWndClass";
 
+// Property of a window that a switch has hidden: its desktop id, plus 1.
+inline constexpr char HiddenMark[] = "TevralHalyardHidden";
+
 // To the server window. Handlers run on the server's thread.
 enum ServerMessage : UINT {
     HM_REGISTER_HOTKEYS = 1025,    // RegisterHotkeys on another thread, sent
@@ -24,6 +27,8 @@ enum ServerMessage : UINT {
     HM_TASKBAR_DELETE = 1193,      // task manager, posted; lParam: a retired taskbar
     HM_CALL = 1194,                // RunOnServerThread in the server process, sent; lParam: ticket of the call
     HM_WINDOW_RETURNS = 1196,      // window memory, posted; wParam: window, lParam: the desktop that it reopens on
+    HM_WINDOW_SHOWN = 1201,        // a hooked process, posted; wParam: window, lParam 1: it has been shown, 0: hidden
+    HM_WINDOW_CALLS = 1202,        // a hooked process, posted; wParam: a window with the mark that has been activated
     HM_ICON_READ = 1198,           // a thread of the server process that reads a program's icon, posted
     HM_COUNT_WINDOWS = 1195,       // the loader, sent; lParam: desktop id. Result: windows that the map has there
 };
@@ -38,10 +43,12 @@ inline constexpr DWORD NotInTray = static_cast<DWORD>(-1);  // the answer when t
 
 // Timers of the server window.
 enum ServerTimer : UINT {
-    PurgeTimer = 1,        // every 30 s: drops dead windows from the map
+    PurgeTimer = 1,        // every 30 s: drops dead windows from the map, and brings the others in line
+    KeyboardTimer = 2,     // once, after a window has gone: some window must have the keyboard
     FindCursorTimer = 21,  // every 50 ms while the find-cursor animation runs
 };
 inline constexpr UINT PurgePeriod = 30000;      // ms
+inline constexpr UINT KeyboardPeriod = 150;     // ms that the platform gets to choose a window by itself
 inline constexpr UINT FindCursorPeriod = 50;    // ms
 inline constexpr UINT BroadcastTimeout = 2000;  // ms that a hung program can hold a broadcast up
 

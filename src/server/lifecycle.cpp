@@ -4,8 +4,9 @@
 #include "desktops/background.h"
 #include "desktops/desktop_list.h"
 #include "desktops/desktop_switch.h"
-#include "desktops/session_record.h"
-#include "desktops/window_desktop_map.h"
+#include "desktops/hidden_mark.h"
+#include "desktops/kept_background.h"
+#include "desktops/window_switch.h"
 #include "hook/hook_procs.h"
 #include "hotkeys/hotkeys.h"
 #include "process/broadcasts.h"
@@ -24,7 +25,11 @@ void StartServer() noexcept {
     BindCom();
     if (Desktop* standard = desktopList.Find(DefaultDesktopId)) {
         CaptureBackground(*standard);
-        if (ClearDeadServer() && RecoverSession(*standard)) ApplyBackground(*standard);
+        if (ClearDeadServer()) {
+            ShowMarkedWindows();
+            if (ReadDefaultBackground(*standard)) ApplyBackground(*standard);
+            DropDefaultBackground();
+        }
     }
     // The hooks talk to the window at once, so that they come behind it.
     CreateServerWindow();
@@ -65,8 +70,9 @@ void InstallHooks() noexcept {
 void RemoveHooks() noexcept {
     if (!HooksInstalled()) return;
     SetHooksInstalled(false);
-    windowDesktopMap.ReleaseAll();
+    // First the default desktop with its order and front, then the windows of the others.
     Activate(DefaultDesktopId);
+    ReleaseAllWindows();
     UnregisterHotkeys();
     // The hook procedure answers at once when its slot is 0: a call between the two steps does nothing.
     HHOOK hook = CallWndProcRetHook();

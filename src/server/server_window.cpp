@@ -2,7 +2,9 @@
 
 #include "config/config_dialog.h"
 #include "desktops/desktop_switch.h"
+#include "desktops/window_calls.h"
 #include "desktops/window_desktop_map.h"
+#include "desktops/window_switch.h"
 #include "hotkeys/find_cursor.h"
 #include "hotkeys/hotkeys.h"
 #include "process/profile.h"
@@ -51,7 +53,7 @@ LRESULT OnRestart(bool enable) noexcept {
 }
 
 LRESULT OnWindowAttach(HWND target, DesktopId id) noexcept {
-    windowDesktopMap.Assign(target, KnownDesktop(id));
+    AssignWindow(target, KnownDesktop(id));
     return 0;
 }
 
@@ -61,7 +63,17 @@ LRESULT OnWindowReturns(HWND target, DesktopId id) noexcept {
 }
 
 LRESULT OnWindowDetach(HWND target) noexcept {
-    windowDesktopMap.Forget(target);
+    ForgetWindow(target);
+    return 0;
+}
+
+LRESULT OnShown(HWND target, bool shown) noexcept {
+    OnWindowShown(target, shown);
+    return 0;
+}
+
+LRESULT OnCalls(HWND target) noexcept {
+    OnWindowCalls(target);
     return 0;
 }
 
@@ -104,9 +116,20 @@ LRESULT OnCountWindows(DesktopId id) noexcept {
     return static_cast<LRESULT>(windowDesktopMap.CountOn(id));
 }
 
+void OnPurge() noexcept {
+    windowDesktopMap.PurgeDead();
+    BringInLine();
+}
+
+void OnKeyboardTimer(HWND window) noexcept {
+    KillTimer(window, KeyboardTimer);
+    CheckKeyboard();
+}
+
 // True: the message ends here.
 bool OnTimer(HWND window, WPARAM timer) noexcept {
-    if (timer == PurgeTimer) windowDesktopMap.PurgeDead();
+    if (timer == PurgeTimer) OnPurge();
+    if (timer == KeyboardTimer) OnKeyboardTimer(window);
     if (timer != FindCursorTimer) return false;
     if (!StepFindCursor()) KillTimer(window, FindCursorTimer);
     return true;
@@ -166,6 +189,8 @@ LRESULT CALLBACK ServerWndProc(HWND window, UINT message, WPARAM wParam, LPARAM 
     case HM_RESTART: return OnRestart(wParam != 0);
     case HM_WINDOW_ATTACH: return OnWindowAttach(AsWindow(wParam), AsDesktopId(lParam));
     case HM_WINDOW_DETACH: return OnWindowDetach(AsWindow(wParam));
+    case HM_WINDOW_SHOWN: return OnShown(AsWindow(wParam), lParam != 0);
+    case HM_WINDOW_CALLS: return OnCalls(AsWindow(wParam));
     case HM_OPEN_CONFIG: return OnOpenConfig();
     case HM_WINDOW_CHANGED: return OnWindowChanged(AsWindow(wParam), lParam != 0) ? 1 : 0;
     case HM_REFRESH_EXTRAS: return OnRefreshExtras();

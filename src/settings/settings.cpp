@@ -16,6 +16,7 @@ void Settings::Load() noexcept {
         dialogControl = key.ReadDwordOr("DialogControl", 0);
         dialogMonitor = key.ReadDwordOr("DialogMonitor", 0);
         multiDesk = key.ReadBool("MultiDesk", false);
+        hiddenActivation = key.ReadDwordOr("HiddenActivation", 0);
         extendSysMenu = key.ReadBool("ExtendSysMenu", true);
         // Layered windows are missing outside the NT family.
         dragTrans = key.ReadBool("DragTrans", false) && profile.isNtFamily;

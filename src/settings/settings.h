@@ -43,6 +43,7 @@ public:
     DWORD DialogControl() const noexcept { return dialogControl; }  // 0 to 4
     DWORD DialogMonitor() const noexcept { return dialogMonitor; }  // display number
     bool MultiDesk() const noexcept { return multiDesk; }
+    DWORD HiddenActivation() const noexcept { return hiddenActivation; }  // what a hidden window's activation brings
     bool ExtendSysMenu() const noexcept { return extendSysMenu; }
     bool RunWizard() const noexcept { return runWizard; }
     bool WindowMem() const noexcept { return windowMem; }
@@ -80,6 +81,7 @@ private:
     DWORD dialogControl = 0;
     DWORD dialogMonitor = 1;
     bool multiDesk = false;
+    DWORD hiddenActivation = 0;
     bool extendSysMenu = true;
     bool runWizard = false;
     bool windowMem = false;

@@ -83,8 +83,15 @@ const Case Cases[] = {
     {"new displays", {WM_DISPLAYCHANGE}, Managed, {Refresh}},
 
     {"move of a window", {WM_WINDOWPOSCHANGED}, Memory | Unplaced, {"post 1189 1"}, Unplaced},
-    {"show of a window", {WM_WINDOWPOSCHANGED, 0, At(shown)}, Memory | Unplaced, {"post 1189 1", Restore}},
-    {"show of a dialog", {WM_WINDOWPOSCHANGED, 0, At(shown)}, Both | Memory | Unplaced, {"post 1189 1"}, Unplaced},
+    {"show of a window",
+     {WM_WINDOWPOSCHANGED, 0, At(shown)},
+     Memory | Unplaced,
+     {"post 1189 1", "post 1201 1", Restore}},
+    {"show of a dialog",
+     {WM_WINDOWPOSCHANGED, 0, At(shown)},
+     Both | Memory | Unplaced,
+     {"post 1189 1", "post 1201 1"},
+     Unplaced},
 
     {"window turned child", {WM_STYLECHANGED, Style, At(toChild)}, Managed, {Add}, Dropped},
     {"child turned window", {WM_STYLECHANGED, Style, At(fromChild)}, Child, {Remove}},

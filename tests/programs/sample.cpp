@@ -114,6 +114,7 @@ LRESULT OnReportSizes(HWND window) {
 }
 
 LRESULT CALLBACK PopupProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message < WM_USER) InterlockedIncrement(&messageCounts[message]);
     if (message == ShowAs) return ShowWindow(window, static_cast<int>(wParam));
     return DefWindowProcA(window, message, wParam, lParam);
 }
@@ -190,7 +191,6 @@ LRESULT OnDestroy() {
 }
 
 LRESULT CALLBACK MainProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message < WM_USER) InterlockedIncrement(&messageCounts[message]);
     switch (message) {
     case OpenPopup: return OnOpenPopup(window, wParam != 0);
     case Hang: return OnHang(static_cast<DWORD>(wParam));

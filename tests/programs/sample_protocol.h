@@ -23,7 +23,7 @@ enum Message : UINT {
     ShowAs = WM_APP + 1,  // wParam: as ShowWindow takes it. The program shows or hides the window itself
     OpenPopup,            // wParam: visible. Opens a popup that the window owns; the answer is its handle
     Hang,                 // posted; wParam: ms. The thread stops, until that time or the event below
-    CountMessage,         // wParam: a message below WM_USER. The answer is how many the main windows got
+    CountMessage,         // wParam: a message below WM_USER. The answer is how many its main windows and popups got
     CountHides,           // how often main windows were hidden
     DropLibrary,          // frees the product's library, as the platform does when its hooks have gone; whether it went
     OpenMenu,             // of the shell, posted; lParam: the place on the screen

@@ -3,6 +3,7 @@
 
 #include "desktops/desktop_list.h"
 #include "desktops/window_desktop_map.h"
+#include "desktops/window_switch.h"
 #include "hook/thread_table.h"
 #include "server/attach.h"
 #include "server/lifecycle.h"
@@ -27,7 +28,7 @@ protected:
     ~ServerTest() override {
         StopServer();
         Unload();
-        windowDesktopMap.ReleaseAll();
+        ReleaseAllWindows();
         for (HKEY hive : {HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE})
             DeleteTree(hive, ProductPath("Desktops"));
         desktopList.Load();

@@ -34,11 +34,10 @@ protected:
 TEST_F(ServerMessagesTest, PurgeTheMapAndEndTheSession) {
     HWND dead = TestWindow().get();
     Send(HM_WINDOW_RETURNS, AsParameter(dead), -1);
-    Send(WM_TIMER, 2);
-    ASSERT_NE(nullptr, windowDesktopMap.Find(dead)) << "another timer";
-    EXPECT_EQ(DefaultDesktopId, windowDesktopMap.Find(dead)->desktopId) << "of no desktop that there is";
+    Send(WM_TIMER, 3);
+    EXPECT_EQ(DefaultDesktopId, windowDesktopMap.DesktopOfWindow(dead)) << "of no desktop that there is, another timer";
     Send(WM_TIMER, PurgeTimer);
-    EXPECT_EQ(nullptr, windowDesktopMap.Find(dead));
+    EXPECT_EQ(NoDesktop, windowDesktopMap.DesktopOfWindow(dead));
     Send(HM_SWITCH_DESKTOP, 0, 2);
     Send(WM_ENDSESSION, FALSE, 0);
     EXPECT_EQ(0u, CurrentDesktopId());
@@ -50,15 +49,15 @@ TEST_F(ServerMessagesTest, PurgeTheMapAndEndTheSession) {
 TEST_F(ServerMessagesTest, ThatComeInTheMiddleOfASwitchAreCarriedOutAfterIt) {
     TestWindow leaving(WindowForm{.style = WS_OVERLAPPEDWINDOW | WS_VISIBLE});
     DesktopId atRequest = 99;
-    leaving.handler = [&](UINT message, WPARAM shown, LPARAM) -> std::optional<LRESULT> {
-        if (message == WM_SHOWWINDOW && !shown && atRequest == 99) {
+    leaving.handler = [&](UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
+        if (message == WM_WINDOWPOSCHANGED && atRequest == 99) {
             Activate(3);
             atRequest = CurrentDesktopId();
         }
         return std::nullopt;
     };
     desktopList.Find(1)->colour = 0x101010;
-    windowDesktopMap.Assign(leaving.get(), 0);
+    AssignWindow(leaving.get(), 0);
     Activate(1);
     EXPECT_EQ(1u, atRequest) << "99: it was never hidden";
     EXPECT_EQ(3u, CurrentDesktopId());

@@ -1,0 +1,85 @@
+#include "desktops/keyboard_keeper.h"
+
+#include "common/handles.h"
+
+namespace halyard {
+
+namespace {
+
+constexpr char KeeperClass[] = "TevralHalyardKeeperWndClass";
+
+enum KeeperMessage : UINT {
+    KM_WAKE = WM_APP,  // posted by `TakeKeyboard` to itself, and taken out of the queue at once
+    KM_LOWER,          // posted when the keeper isn't needed any more
+};
+
+HWND keeper = nullptr;
+bool raised = false;  // a switch needs it
+
+void OnActivate(HWND window, bool active) noexcept {
+    if (!active && !raised) PostMessageA(window, KM_LOWER, 0, 0);
+}
+
+LRESULT CALLBACK KeeperWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case KM_LOWER: LowerKeeper(); return 0;
+    case WM_ACTIVATE: OnActivate(window, LOWORD(wParam) != WA_INACTIVE); break;
+    case WM_CLOSE:
+    case WM_SYSCOMMAND: return 0;  // it can't be closed, moved or minimised from the keyboard
+    }
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
+HWND Keeper() noexcept {
+    if (keeper) return keeper;
+    WNDCLASSEXA windowClass = {};
+    windowClass.cbSize = sizeof(windowClass);
+    windowClass.lpfnWndProc = KeeperWndProc;
+    windowClass.hInstance = GetModuleHandleA(nullptr);
+    windowClass.lpszClassName = KeeperClass;
+    RegisterClassExA(&windowClass);
+    keeper = CreateWindowExA(WS_EX_TOOLWINDOW | WS_EX_TOPMOST, KeeperClass, nullptr, WS_POPUP, 0, 0, 1, 1, nullptr,
+                             nullptr, windowClass.hInstance, nullptr);
+    // Visible to the platform, with no pixel for the user. The platform owns the region from then on.
+    if (keeper) SetWindowRgn(keeper, CreateRectRgn(0, 0, 0, 0), FALSE);
+    return keeper;
+}
+
+}  // namespace
+
+void RaiseKeeper() noexcept {
+    raised = true;
+    SetWindowPos(Keeper(), HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
+}
+
+void TakeKeyboard() noexcept {
+    RaiseKeeper();
+    // X ignores a request for the focus that is older than the last change of it, and Wine gives the request the time
+    // of the thread's last message. So there must be one now.
+    MSG message;
+    PostMessageA(keeper, KM_WAKE, 0, 0);
+    PeekMessageA(&message, keeper, KM_WAKE, KM_WAKE, PM_REMOVE);
+    SetForegroundWindow(keeper);
+}
+
+void LowerKeeper() noexcept {
+    raised = false;
+    if (keeper && !KeeperHasKeyboard()) ShowWindow(keeper, SW_HIDE);
+}
+
+void LowerKeeperSoon() noexcept {
+    PostMessageA(keeper, KM_LOWER, 0, 0);
+}
+
+bool KeeperHasKeyboard() noexcept {
+    return keeper && GetForegroundWindow() == keeper;
+}
+
+void DestroyKeeper() noexcept {
+    if (!keeper) return;
+    DestroyWindow(keeper);
+    UnregisterClassA(KeeperClass, GetModuleHandleA(nullptr));
+    keeper = nullptr;
+}
+
+}  // namespace halyard

@@ -1,0 +1,230 @@
+// A desktop that is left and found again is as it was.
+#include "support/desktop_fixture.h"
+#include "support/input.h"
+#include "support/picture.h"
+
+#include <algorithm>
+#include <random>
+#include <vector>
+
+#include <shlwapi.h>
+
+namespace halyard::test {
+
+namespace {
+
+constexpr int Trips = 5;
+
+// Ctrl and Alt with a letter for the action.
+void BindHotkey(const char* action, BYTE key) {
+    const BYTE binding[8] = {1, 1, 0, 0, key};
+    SHSetValueA(HKEY_CURRENT_USER, "Software\\Tevral, Inc.\\Halyard\\HotKeys", action, REG_BINARY, binding,
+                sizeof(binding));
+}
+
+class RoundTripTest : public DesktopTest {
+protected:
+    // Of six programs: one with three windows, an owner with a modal dialog, a topmost, a maximised and a minimised
+    // one.
+    void OpenWindows() {
+        const Sample several = Open("Several", "--count 3 --at 60,60,420,300");
+        for (const char* title : {"Several 2", "Several 3"})
+            windows.push_back(Find(several, title));
+        const Sample owner = Open("Owner", "--at 300,200,420,300");
+        const HWND dialog = OpenPopup(owner, true);
+        EnableWindow(owner.window, FALSE);
+        windows.push_back(dialog);
+        SetWindowPos(Open("Topmost", "--at 500,80,300,200").window, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+        Ask(Open("Maximised", "--at 1100,80,300,200").window, sample::ShowAs, SW_SHOWMAXIMIZED);
+        Ask(Open("Minimised", "--at 200,400,300,200").window, sample::ShowAs, SW_MINIMIZE);
+        Open("Plain", "--at 420,340,380,260");
+        ASSERT_TRUE(WindowsBecome(0, 9));
+    }
+    Sample Open(const std::string& title, const std::string& switches) {
+        const Sample sample = OpenSample(title, switches);
+        programs.push_back(sample);
+        windows.push_back(sample.window);
+        return sample;
+    }
+    static HWND Find(const Sample& sample, const char* title) {
+        HWND window = nullptr;
+        EXPECT_TRUE(Eventually([&] { return (window = WindowOf(sample.program->Id(), title)) != nullptr; })) << title;
+        return window;
+    }
+    // All that the user can tell one moment from another by, but for the picture.
+    std::string State() {
+        std::string text;
+        for (HWND window : TopLevelWindows()) {
+            if (std::find(windows.begin(), windows.end(), window) == windows.end()) continue;
+            char title[64] = {};
+            GetWindowTextA(window, title, sizeof(title));
+            const RECT place = PlaceOf(window);
+            char line[160];
+            wsprintfA(line, "%s%s%s%s%s%s%s %ld,%ld %ldx%ld\n", title, IsWindowVisible(window) ? "" : " hidden",
+                      IsIconic(window) ? " minimised" : "", IsZoomed(window) ? " maximised" : "",
+                      IsWindowEnabled(window) ? "" : " disabled",
+                      GetWindowLongA(window, GWL_EXSTYLE) & WS_EX_TOPMOST ? " topmost" : "",
+                      GetForegroundWindow() == window ? " in front" : "", place.left, place.top,
+                      place.right - place.left, place.bottom - place.top);
+            text += line;
+        }
+        return text;
+    }
+    // As a user does, who clicks a window.
+    void Raise(HWND window) {
+        SetForegroundWindow(window);
+        SetWindowPos(window, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+        EXPECT_TRUE(Eventually([&] { return GetForegroundWindow() == window; })) << Describe(window);
+    }
+    std::vector<LRESULT> KeysSoFar() {
+        std::vector<LRESULT> counts;
+        for (const Sample& program : programs)
+            counts.push_back(Ask(program.window, sample::CountMessage, WM_KEYUP));
+        return counts;
+    }
+    // Which program a key reaches; the number of programs for none.
+    std::size_t KeyReaches() {
+        const std::vector<LRESULT> before = KeysSoFar();
+        std::size_t reached = programs.size();
+        TapKey("x");
+        Eventually(
+            [&] {
+                const std::vector<LRESULT> now = KeysSoFar();
+                for (std::size_t index = 0; index < now.size(); ++index)
+                    if (now[index] != before[index]) reached = index;
+                return reached < programs.size();
+            },
+            3000);
+        return reached;
+    }
+    std::size_t ProgramOf(HWND window) {
+        DWORD process = 0;
+        GetWindowThreadProcessId(window, &process);
+        std::size_t index = 0;
+        while (index < programs.size() && programs[index].program->Id() != process)
+            ++index;
+        return index;
+    }
+    // The keeper leaves when the order has been put right.
+    static bool IsSettled() {
+        return Eventually([] { return !IsWindowVisible(FindWindowA("TevralHalyardKeeperWndClass", nullptr)); });
+    }
+
+    std::vector<Sample> programs;
+    std::vector<HWND> windows;
+};
+
+TEST_F(RoundTripTest, ComesBackInItsOrderWithItsFrontByHotkey) {
+    BindHotkey("4", 'N');
+    BindHotkey("5", 'P');
+    const Sample notepad = OpenNotepad();
+    StartLoader();
+    OpenWindows();
+    windows.push_back(notepad.window);
+    std::mt19937 random(5);
+    for (int trip = 0; trip < Trips; ++trip) {
+        SCOPED_TRACE("trip " + std::to_string(trip));
+        for (int raised = 0; raised < 3; ++raised) {
+            HWND window = windows[random() % windows.size()];
+            if (IsWindowEnabled(window) && !IsIconic(window)) Raise(window);
+        }
+        HWND front = GetForegroundWindow();
+        ASSERT_TRUE(BringToFront(front));
+        const std::string before = State();
+        const std::vector<unsigned char> picture = ScreenPixels();
+        TapKey("ctrl+alt+n");
+        for (HWND window : windows)
+            ASSERT_TRUE(BecomesHidden(window));
+        TapKey("ctrl+alt+p");
+        EXPECT_TRUE(IsSettled());
+        EXPECT_EQ(State(), before);
+        EXPECT_TRUE(Eventually([&] { return ScreenPixels() == picture; }, 1000)) << "another picture";
+        EXPECT_EQ(KeyReaches(), ProgramOf(front)) << Describe(front);
+    }
+}
+
+class ElsewhereTest : public DesktopTest {
+protected:
+    static testing::AssertionResult IsInFront(HWND window) {
+        if (Eventually([&] { return GetForegroundWindow() == window; }, 3000)) return testing::AssertionSuccess();
+        return testing::AssertionFailure() << "in front: " << Describe(GetForegroundWindow());
+    }
+    static bool IsKeeper(HWND window) {
+        char name[64] = {};
+        GetClassNameA(window, name, sizeof(name));
+        return std::string(name) == "TevralHalyardKeeperWndClass";
+    }
+};
+
+TEST_F(ElsewhereTest, WindowsComeOrTheirDesktopDoesWhenTheyAreActivated) {
+    for (DWORD answer = 0; answer <= 2; ++answer) {
+        SCOPED_TRACE("answer " + std::to_string(answer));
+        WriteNumber(published::ProductKey, "HiddenActivation", answer);
+        StartLoader();
+        const Sample called = OpenSample("Called");
+        ASSERT_TRUE(WindowsBecome(0, 1));
+        Switch(1);
+        ASSERT_TRUE(BecomesHidden(called.window));
+        const Sample here = OpenSample("Here");
+        ASSERT_TRUE(WindowsBecome(1, 1));
+        ASSERT_TRUE(BringToFront(here.window));
+
+        Ask(called.window, sample::ShowAs, SW_SHOWNA);
+        EXPECT_TRUE(BecomesHidden(called.window)) << "shown by its own program";
+        EXPECT_EQ(GetForegroundWindow(), here.window);
+        SetForegroundWindow(called.window);
+        ShowWindowAsync(called.window, SW_RESTORE);
+        EXPECT_TRUE(answer == 2 ? BecomesHidden(called.window) : BecomesVisible(called.window));
+        EXPECT_TRUE(IsInFront(answer == 2 ? here.window : called.window));
+        EXPECT_TRUE(answer == 0 ? BecomesHidden(here.window) : StaysVisible(here.window));
+        EXPECT_EQ(Status("current desktop"), answer == 0 ? "0" : "1");
+        QuitLoader();
+        children.EndAll();
+    }
+}
+
+TEST_F(ElsewhereTest, ModalDialogsAndTheirOwnersAreNeverApart) {
+    StartLoader();
+    const Sample owner = OpenSample("Owner");
+    const Sample other = OpenSample("Other");
+    ASSERT_TRUE(WindowsBecome(0, 2));
+    ASSERT_TRUE(BringToFront(owner.window));
+    Switch(1);
+    ASSERT_TRUE(BecomesHidden(owner.window));
+    EnableWindow(owner.window, FALSE);
+    const HWND late = OpenPopup(owner, true);
+    EXPECT_TRUE(BecomesHidden(late));
+    Switch(0);
+    EXPECT_TRUE(BecomesVisible(late));
+    EXPECT_TRUE(IsInFront(late));
+    Assign(late, 2);
+    Assign(owner.window, 2);
+    EXPECT_TRUE(BecomesHidden(late));
+    EXPECT_TRUE(IsInFront(other.window)) << "the next";
+    // On a desktop without windows some window of the system has the keyboard.
+    PostMessageA(other.window, WM_CLOSE, 0, 0);
+    EXPECT_TRUE(Eventually([] { return IsKeeper(GetForegroundWindow()); }));
+    Switch(2);
+    EXPECT_TRUE(IsInFront(late));
+}
+
+TEST_F(ElsewhereTest, ABusyProgramFollowsTheLastRequest) {
+    StartLoader();
+    const Sample busy = OpenSample("Busy");
+    ASSERT_TRUE(WindowsBecome(0, 1));
+    Switch(1);
+    ASSERT_TRUE(BecomesHidden(busy.window));
+    PostMessageA(busy.window, sample::Hang, 1500, 0);
+    ASSERT_TRUE(Eventually([&] { return Ask(busy.window, WM_NULL, 0, 0, 50) == -1; }));
+    Switch(0);
+    Switch(1);
+    ASSERT_TRUE(Eventually([&] { return Ask(busy.window, WM_NULL, 0, 0, 50) == 0; }));
+    EXPECT_TRUE(StaysHidden(busy.window));
+    Switch(0);
+    EXPECT_TRUE(BecomesVisible(busy.window));
+    EXPECT_TRUE(IsInFront(busy.window));
+}
+
+}  // namespace
+
+}  // namespace halyard::test
