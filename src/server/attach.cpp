@@ -8,7 +8,7 @@
 #include "hook/thread_table.h"
 #include "process/profile.h"
 #include "process/trace.h"
-#include "server/lifecycle.h"
+#include "server/recovery.h"
 #include "server/server_window.h"
 #include "settings/settings.h"
 #include "settings/store.h"

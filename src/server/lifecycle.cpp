@@ -22,7 +22,7 @@
 
 namespace halyard {
 
-bool StartServer() noexcept {
+bool StartServer(WNDPROC procedure) noexcept {
     // Another process's server keeps its windows, its hooks and its record.
     if (!ClearDeadServer()) return false;
     profile.isServerProcess = true;
@@ -34,7 +34,7 @@ bool StartServer() noexcept {
         DropDefaultBackground();
     }
     // Before the hooks, which talk to the window at once.
-    CreateServerWindow();
+    CreateServerWindow(procedure);
     StartWizardIfDue();
     if (settings.Run()) TurnOn();
     return true;
@@ -86,16 +86,6 @@ void InstallHooks() noexcept {
     RegisterHotkeys();
     BroadcastStart();
     RefreshPages();
-}
-
-void DropHooks() noexcept {
-    // A hook procedure answers at once when its slot is 0: a call between the two steps does nothing.
-    HHOOK sent = CallWndProcRetHook();
-    HHOOK posted = GetMessageHook();
-    SetCallWndProcRetHook(nullptr);
-    if (sent) UnhookWindowsHookEx(sent);
-    if (posted) UnhookWindowsHookEx(posted);
-    SetGetMessageHook(nullptr);
 }
 
 void RemoveHooks() noexcept {

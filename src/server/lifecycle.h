@@ -1,10 +1,13 @@
 // The server's start, stop, and the installing and removing of the hooks. On the server's thread.
 #pragma once
 
+#include "common/win_types.h"
+
 namespace halyard {
 
-// False, with nothing done, where another process is the server already.
-bool StartServer() noexcept;
+// `procedure` becomes that of the server's window. False, with nothing done, where another process is the server
+// already.
+bool StartServer(WNDPROC procedure) noexcept;
 void StopServer() noexcept;
 
 // Hooks and extras in or out, kept in the `Run` setting.
@@ -15,9 +18,6 @@ void TurnOff() noexcept;
 void InstallHooks() noexcept;
 // Every hidden window is shown, the default desktop current, and every program clean of our menus before the hooks go.
 void RemoveHooks() noexcept;
-
-// Takes both hooks away, whoever set them, and nothing else.
-void DropHooks() noexcept;
 
 // Out, settings read from the registry again, and in again if `enable`.
 void Restart(bool enable) noexcept;

@@ -7,4 +7,7 @@ namespace halyard {
 // there had never been one, and hooks that were left are taken away.
 bool ClearDeadServer() noexcept;
 
+// Takes both hooks away, whoever set them, and nothing else.
+void DropHooks() noexcept;
+
 }  // namespace halyard

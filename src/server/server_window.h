@@ -6,9 +6,7 @@
 namespace halyard {
 
 // On the thread that is to be the server's. Nothing if a server window stands.
-void CreateServerWindow() noexcept;
+void CreateServerWindow(WNDPROC procedure) noexcept;
 void DestroyServerWindow() noexcept;
-
-LRESULT CALLBACK ServerWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
 }  // namespace halyard

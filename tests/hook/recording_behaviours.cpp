@@ -2,6 +2,7 @@
 
 #include "hook/behaviours.h"
 #include "hook/reload.h"
+#include "hook/tracked_window.h"
 
 #include <utility>
 

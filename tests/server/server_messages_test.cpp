@@ -4,7 +4,7 @@
 #include "process/server_call.h"
 #include "server/exports.h"
 #include "server/server_fixture.h"
-#include "server/server_window.h"
+#include "server/server_messages.h"
 
 #include <atomic>
 #include <thread>
@@ -19,7 +19,7 @@ WPARAM AsParameter(HWND window) {
 class ServerMessagesTest : public ServerTest {
 protected:
     ServerMessagesTest() {
-        StartServer();
+        StartServer(ServerWndProc);
         AddDesktops(3);
     }
     static bool SomethingIsSent() { return (HIWORD(GetQueueStatus(QS_SENDMESSAGE)) & QS_SENDMESSAGE) != 0; }
