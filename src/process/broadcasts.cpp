@@ -11,9 +11,14 @@ void WakeAllThreads() noexcept {
 
 namespace {
 
+// Two broadcasts may come within one tick of the clock, so the clock gives the first number only.
+volatile LONG broadcastNumber = static_cast<LONG>(GetTickCount());
+
 void PostSettings(SettingKind kind) noexcept {
-    PostMessageA(HWND_BROADCAST, profile.settingMessage, static_cast<WPARAM>(kind),
-                 static_cast<LPARAM>(GetTickCount() | 1));
+    LONG number = InterlockedIncrement(&broadcastNumber);
+    // 0 is a message without a number.
+    if (number == 0) number = InterlockedIncrement(&broadcastNumber);
+    PostMessageA(HWND_BROADCAST, profile.settingMessage, static_cast<WPARAM>(kind), number);
 }
 
 BOOL CALLBACK TellEnd(HWND window, LPARAM) {
