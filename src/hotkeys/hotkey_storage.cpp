@@ -1,5 +1,6 @@
-#include "hotkeys/hotkeys.h"
+#include "hotkeys/hotkey_storage.h"
 
+#include "hotkeys/hotkeys.h"
 #include "process/server_call.h"
 #include "settings/registry_key.h"
 #include "settings/store.h"
@@ -8,8 +9,12 @@ namespace halyard {
 
 namespace {
 
+// Whether the list holds what is stored. Saving a list that was never loaded would delete every binding.
+bool isLoaded = false;
+
 void Load() noexcept {
     RebuildHotkeyList();
+    isLoaded = true;
     RegistryKey key;
     OpenHotkeysKey(key);
     for (auto& entry : hotkeyList) {
@@ -23,6 +28,7 @@ void Load() noexcept {
 
 void Save() noexcept {
     RegistryKey key;
+    if (!isLoaded) return;
     OpenHotkeysKey(key);
     key.DeleteContents();
     for (const auto& entry : hotkeyList) {
@@ -36,6 +42,12 @@ void Save() noexcept {
 
 void LoadHotkeys() noexcept {
     RunOnServerThread([] { Load(); });
+}
+
+void LoadHotkeysOnce() noexcept {
+    RunOnServerThread([] {
+        if (!isLoaded) Load();
+    });
 }
 
 void SaveHotkeys() noexcept {
