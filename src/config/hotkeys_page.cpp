@@ -69,7 +69,9 @@ bool CanSet(HWND page, bool bindable) noexcept {
     return bindable && other.IsEmpty();
 }
 
+// Nothing while the box is grey.
 void OnBoxKey(HWND box, DWORD key) noexcept {
+    if (!IsWindowEnabled(box)) return;
     HWND page = GetParent(box);
     captured.alt = IsDown(VK_MENU);
     captured.ctrl = IsDown(VK_CONTROL);
@@ -110,7 +112,7 @@ LRESULT CALLBACK HotkeyEditProc(HWND box, UINT message, WPARAM wParam, LPARAM lP
     case WM_KEYDOWN:
     case WM_SYSKEYDOWN:
         DropCharacter(box);
-        if (IsWindowEnabled(box)) OnBoxKey(box, static_cast<DWORD>(wParam));
+        OnBoxKey(box, static_cast<DWORD>(wParam));
         return 0;
     case WM_CHAR:
     case WM_SYSCHAR: return 0;

@@ -42,6 +42,9 @@ constexpr HelpRow HelpRows[] = {
     {IDC_OPACITY, IDS_HELP_TRANSPARENCY},
     {IDC_TASKBARS_PICTURE, IDS_HELP_TASKBARS},
     {IDC_TASKBARS, IDS_HELP_TASKBARS},
+    {IDC_WHICH_TASKS, IDS_HELP_TASKBARS},
+    {IDC_ALL_TASKS, IDS_HELP_TASKBARS},
+    {IDC_OWN_TASKS, IDS_HELP_TASKBARS},
     {IDC_MIRROR_PICTURE, IDS_HELP_MIRROR},
     {IDC_MIRROR, IDS_HELP_MIRROR},
     {IDC_MULTI_DESK, IDS_HELP_MULTI_DESK},
@@ -141,21 +144,22 @@ void ShowHelpTip(HWND page, int control) noexcept {
     if (focus != sheet.tip) focusBehindTip = focus;
 }
 
-// A click on a grey control comes to its page. Frames have no help and enclose the controls that do.
-HWND ControlAt(HWND page, POINT place) noexcept {
+// A click on a grey control comes to the page, or to the frame round the control; neither has help of its own.
+HWND ControlAt(HWND page, POINT place, HWND clicked) noexcept {
+    if (HelpIdOf(GetDlgCtrlID(clicked)) != IDS_HELP_NONE) return clicked;
     for (HWND child = GetWindow(page, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
         RECT area = {};
         GetWindowRect(child, &area);
         if (PtInRect(&area, place) && IsWindowVisible(child) && HelpIdOf(GetDlgCtrlID(child)) != IDS_HELP_NONE)
             return child;
     }
-    return page;
+    return clicked;
 }
 
 void ShowHelpMenu(HWND page, HWND control) noexcept {
     const DWORD position = GetMessagePos();
     const POINT place = {static_cast<short>(LOWORD(position)), static_cast<short>(HIWORD(position))};
-    helpControl = GetDlgCtrlID(control == page ? ControlAt(page, place) : control);
+    helpControl = GetDlgCtrlID(ControlAt(page, place, control));
     if (helpControl < 1) return;
     const Menu menu(CreatePopupMenu());
     TextBuffer text = LookupText(IDS_WHATS_THIS);

@@ -91,6 +91,9 @@ TEST_F(HotkeysTest, RestWhileTheirPageShowsAndWorkAfterIt) {
         Set(FindCursorRow, "ctrl+shift+F4", "Ctrl + Shift + F4", "Next desktop");
         EXPECT_TRUE(DesktopBecomes(0));
         leave();
+        if (!SheetWindow()) {
+            ASSERT_TRUE(BringToFront(OpenFrame("Typed into").window));
+        }
         TapKey("ctrl+shift+F4");
         EXPECT_TRUE(DesktopBecomes(1));
         Switch(0);
