@@ -16,7 +16,7 @@ void Load() noexcept {
     RebuildHotkeyList();
     isLoaded = true;
     RegistryKey key;
-    OpenHotkeysKey(key);
+    OpenHotkeysKey(key, KeyUse::Read);
     for (auto& entry : hotkeyList) {
         char name[16];
         wsprintfA(name, "%d", static_cast<int>(entry.key));
@@ -28,8 +28,7 @@ void Load() noexcept {
 
 void Save() noexcept {
     RegistryKey key;
-    if (!isLoaded) return;
-    OpenHotkeysKey(key);
+    if (!isLoaded || !OpenHotkeysKey(key, KeyUse::Write)) return;
     key.DeleteContents();
     for (const auto& entry : hotkeyList) {
         char name[16];

@@ -44,6 +44,10 @@ struct Profile {
     // Placements of top-level windows count from the work area of their display: so everywhere but on Wine.
     bool placesFromWorkArea = false;
 
+    // What is chosen in a submenu of a system menu comes as an ordinary command, and such a submenu isn't marked as
+    // part of the system menu; a menu captures the mouse with a window of its own. So on Wine.
+    bool postsMenuCommands = false;
+
     // The shell's windows; 0 in every other process, and in a shell that mapped the library before it made them.
     HWND progmanWindow = nullptr;
     HWND desktopViewWindow = nullptr;

@@ -2,6 +2,7 @@
 // toolbar, and the hook's answers.
 #include "process/profile.h"
 #include "process/shared_section.h"
+#include "server/server_messages.h"
 #include "server/server_window.h"
 #include "settings/settings.h"
 #include "support/rect_values.h"
@@ -69,7 +70,7 @@ protected:
         profile.monitorFromRect = PrimaryOne;
         settings.SetTaskbarsEnable(true);
         SetHooksInstalled(true);
-        CreateServerWindow();
+        CreateServerWindow(ServerWndProc);
         displays = {
             {One, {0, 0, 800, 600}}, {Pseudo, {0, 0, 1, 1}}, {Two, {800, 0, 1600, 600}}, {Three, {0, 600, 800, 1200}}};
         primary = One;
