@@ -30,6 +30,15 @@ HWND MakeReplyWindow() noexcept {
                          windowClass.hInstance, nullptr);
 }
 
+// A command may show a window. Some systems keep it behind the window that the user works with, unless the program that
+// the user has started, which is this one, passes its right on. Others lack the entry.
+void AllowForeground(HWND window) noexcept {
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    const FARPROC entry = GetProcAddress(GetModuleHandleA("user32.dll"), "AllowSetForegroundWindow");
+    if (entry) reinterpret_cast<BOOL(WINAPI*)(DWORD)>(reinterpret_cast<void*>(entry))(process);
+}
+
 }  // namespace
 
 bool SendCommands(HWND resident, const CommandLine& line, std::string& answer) {
@@ -41,6 +50,7 @@ bool SendCommands(HWND resident, const CommandLine& line, std::string& answer) {
     COPYDATASTRUCT data = {RequestTag, sizeof(request), &request};
     DWORD_PTR result = 0;
     waitingAnswer = &answer;
+    AllowForeground(resident);
     const bool sent = SendMessageTimeoutA(resident, WM_COPYDATA, reinterpret_cast<WPARAM>(reply),
                                           reinterpret_cast<LPARAM>(&data), SMTO_NORMAL, AnswerTimeout, &result) != 0;
     waitingAnswer = nullptr;

@@ -53,6 +53,15 @@ struct GdiTraits {
 using Region = Owned<GdiTraits<HRGN>>;
 using Font = Owned<GdiTraits<HFONT>>;
 using Brush = Owned<GdiTraits<HBRUSH>>;
+using Pen = Owned<GdiTraits<HPEN>>;
+using Bitmap = Owned<GdiTraits<HBITMAP>>;
+
+struct MemoryDcTraits {
+    using Handle = HDC;
+    static Handle Invalid() noexcept { return nullptr; }
+    static void Close(Handle handle) noexcept { DeleteDC(handle); }
+};
+using MemoryDc = Owned<MemoryDcTraits>;
 
 struct LibraryTraits {
     using Handle = HMODULE;
@@ -104,6 +113,21 @@ public:
 private:
     HWND window;
     HDC dc;
+};
+
+// An object that a device context draws with; the context gets back the one before it.
+class SelectedObject {
+public:
+    SelectedObject(HDC target, HGDIOBJ object) noexcept : dc(target), before(SelectObject(target, object)) {}
+    SelectedObject(const SelectedObject&) = delete;
+    SelectedObject& operator=(const SelectedObject&) = delete;
+    ~SelectedObject() {
+        if (before) SelectObject(dc, before);
+    }
+
+private:
+    HDC dc;
+    HGDIOBJ before;
 };
 
 // Holds a critical section for the length of a scope.

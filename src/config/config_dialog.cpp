@@ -1,9 +1,10 @@
 #include "config/config_dialog.h"
 
 #include "common/handles.h"
+#include "config/pages.h"
 #include "config/sheet.h"
+#include "config/sprites.h"
 #include "process/profile.h"
-#include "process/shared_section.h"
 #include "process/strings.h"
 #include "resources/resource_ids.h"
 #include "settings/store.h"
@@ -13,17 +14,14 @@
 
 namespace halyard {
 
-Sheet sheet;
-
 namespace {
 
-constexpr int PresentPage = -1;     // raise the sheet without turning a page
 constexpr DWORD EndTimeout = 5000;  // ms that the server waits for the dialog's end
 
 volatile LONG running = 0;  // claimed by the thread that is to show the sheet, until that has ended
-volatile LONG wantedPage = 0;
-HANDLE dialogThread = nullptr;  // touched by the server's thread at the end, by the opener at the start
+POINT askedFrom = {};       // the cursor's place then, in screen coordinates; set before the thread starts
 Lock threadLock;
+KernelHandle dialogThread;  // under the lock
 
 struct PageTemplate {
     int dialog;
@@ -31,47 +29,35 @@ struct PageTemplate {
     DLGPROC procedure;
 };
 
-constexpr PageTemplate Pages[PageCount] = {
+constexpr PageTemplate Pages[SheetPageCount] = {
     {IDD_WINDOWS_PAGE, IDS_PAGE_WINDOWS, WindowsPageProc},
     {IDD_TASKBARS_PAGE, IDS_PAGE_TASKBARS, TaskbarsPageProc},
     {IDD_DESKTOPS_PAGE, IDS_PAGE_DESKTOPS, DesktopsPageProc},
     {IDD_HOTKEYS_PAGE, IDS_PAGE_HOTKEYS, HotkeysPageProc},
 };
 
-// The strip of pictures, ready to be copied from, for the dialog's life.
-class SpriteStrip {
-public:
-    SpriteStrip() noexcept {
-        const ScreenDc screen;
-        sheet.spriteDc = CreateCompatibleDC(screen.get());
-        bitmap =
-            LoadImageA(profile.moduleInstance, MAKEINTRESOURCEA(IDB_SPRITES), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION);
-        if (bitmap) old = SelectObject(sheet.spriteDc, bitmap);
-    }
-    SpriteStrip(const SpriteStrip&) = delete;
-    SpriteStrip& operator=(const SpriteStrip&) = delete;
-    ~SpriteStrip() {
-        if (bitmap) {
-            SelectObject(sheet.spriteDc, old);
-            DeleteObject(bitmap);
-        }
-        DeleteDC(sheet.spriteDc);
-        sheet.spriteDc = nullptr;
-    }
-
-private:
-    HANDLE bitmap = nullptr;
-    HGDIOBJ old = nullptr;
-};
+// In the middle of the work area of the display where it was asked for.
+void Centre(HWND window) noexcept {
+    const RECT point = {askedFrom.x, askedFrom.y, askedFrom.x + 1, askedFrom.y + 1};
+    MONITORINFO display = {};
+    display.cbSize = sizeof(display);
+    SystemParametersInfoA(SPI_GETWORKAREA, 0, &display.rcWork, 0);
+    if (profile.monitorFromRect && profile.getMonitorInfo)
+        profile.getMonitorInfo(profile.monitorFromRect(&point, MONITOR_DEFAULTTONEAREST), &display);
+    RECT place = {};
+    GetWindowRect(window, &place);
+    const RECT& area = display.rcWork;
+    SetWindowPos(window, nullptr, (area.left + area.right - (place.right - place.left)) / 2,
+                 (area.top + area.bottom - (place.bottom - place.top)) / 2, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
 
 void OnSheetMade(HWND window) noexcept {
     sheet.window = window;
     sheet.tip = CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, "tooltip window",
                                 WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT,
                                 CW_USEDEFAULT, window, nullptr, profile.moduleInstance, nullptr);
-    // A page that was asked for while the sheet was on its way.
-    const LONG page = InterlockedExchange(&wantedPage, PresentPage);
-    if (page != PresentPage) PostMessageA(window, PSM_SETCURSEL, static_cast<WPARAM>(page), 0);
+    Centre(window);
 }
 
 // The template may be of either kind; the extended one begins with a version and a mark.
@@ -94,11 +80,11 @@ int CALLBACK SheetCallback(HWND window, UINT message, LPARAM parameter) {
     return 0;
 }
 
-// The records are of the size that systems of the time know, which is also the stride between them.
+// The records have the size that the oldest systems know; the platform goes from one to the next by it.
 void ShowSheet(int firstPage) noexcept {
-    TextBuffer titles[PageCount];
-    PROPSHEETPAGEA_V2 pages[PageCount] = {};
-    for (int index = 0; index < PageCount; ++index) {
+    TextBuffer titles[SheetPageCount];
+    PROPSHEETPAGEA_V2 pages[SheetPageCount] = {};
+    for (int index = 0; index < SheetPageCount; ++index) {
         titles[index] = LookupText(Pages[index].titleId);
         pages[index].dwSize = sizeof(pages[index]);
         pages[index].dwFlags = PSP_USETITLE;
@@ -116,7 +102,7 @@ void ShowSheet(int firstPage) noexcept {
     header.hInstance = profile.moduleInstance;
     header.pszIcon = MAKEINTRESOURCEA(alternative ? IDI_HALYARD_ALTERNATIVE : IDI_HALYARD);
     header.pszCaption = caption.Text();
-    header.nPages = PageCount;
+    header.nPages = SheetPageCount;
     header.nStartPage = static_cast<UINT>(firstPage);
     header.ppsp = reinterpret_cast<LPCPROPSHEETPAGEA>(pages);
     header.pfnCallback = SheetCallback;
@@ -129,7 +115,7 @@ DWORD WINAPI DialogThread(void* parameter) {
     {
         const SpriteStrip strip;
         sheet.canEdit = CanChangeSettings();
-        ShowSheet(page >= 0 && page < PageCount ? page : 0);
+        ShowSheet(page >= 0 && page < SheetPageCount ? page : 0);
     }
     if (sheet.tip) DestroyWindow(sheet.tip);
     sheet.tip = nullptr;
@@ -140,43 +126,35 @@ DWORD WINAPI DialogThread(void* parameter) {
     return 0;
 }
 
-void Raise(HWND window, int page) noexcept {
-    if (page != PresentPage) SendMessageA(window, PSM_SETCURSEL, static_cast<WPARAM>(page), 0);
-    SetWindowPos(window, HWND_TOP, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE | SWP_SHOWWINDOW);
-    SetForegroundWindow(window);
-}
-
 void StartThread(int page) noexcept {
     const Guard guard(threadLock.Section());
-    if (dialogThread) CloseHandle(dialogThread);
+    GetCursorPos(&askedFrom);
     DWORD id = 0;
-    dialogThread = CreateThread(nullptr, 0, DialogThread, reinterpret_cast<void*>(static_cast<INT_PTR>(page)), 0, &id);
+    dialogThread.Reset(
+        CreateThread(nullptr, 0, DialogThread, reinterpret_cast<void*>(static_cast<INT_PTR>(page)), 0, &id));
     if (!dialogThread) InterlockedExchange(&running, 0);
+}
+
+// The sheet has a thread of its own, which may be busy: it is told, and not waited for.
+void PostToPages(UINT message, bool one) noexcept {
+    for (HWND volatile& page : sheet.pages)
+        if (HWND window = page; window && PostMessageA(window, message, 0, 0) && one) return;
 }
 
 }  // namespace
 
-PageState CurrentPageState() noexcept {
-    return {sheet.canEdit, HooksInstalled()};
-}
-
 void OpenConfigDialog(int page) noexcept {
     if (InterlockedCompareExchange(&running, 1, 0) == 0) {
-        wantedPage = PresentPage;
+        InterlockedExchange(&sheet.wantedPage, PresentPage);
         StartThread(page);
         return;
     }
-    HWND window = sheet.window;
-    if (window)
-        Raise(window, page);
-    else
-        InterlockedExchange(&wantedPage, page);
+    InterlockedExchange(&sheet.wantedPage, page);
+    PostToPages(RaiseSheetMessage, true);
 }
 
 void RefreshPages() noexcept {
-    if (!sheet.window) return;
-    for (const SheetPage page : {WindowsPage, DesktopsPage, HotkeysPage, TaskbarsPage})
-        if (HWND window = sheet.pages[page]) SendMessageA(window, RefreshPageMessage, 0, 0);
+    PostToPages(RefreshPageMessage, false);
 }
 
 void DestroyConfigDialog() noexcept {
@@ -184,16 +162,16 @@ void DestroyConfigDialog() noexcept {
     if (!dialogThread) return;
     // The window belongs to its own thread, which ends it as the user would; that thread may be on its way to opening
     // it, or be asking the server for something.
+    HANDLE thread = dialogThread.get();
     const DWORD start = GetTickCount();
     while (GetTickCount() - start < EndTimeout) {
         if (HWND window = sheet.window) PostMessageA(window, PSM_PRESSBUTTON, PSBTN_CANCEL, 0);
         constexpr DWORD Step = 50;  // ms
-        if (MsgWaitForMultipleObjects(1, &dialogThread, FALSE, Step, QS_SENDMESSAGE) == WAIT_OBJECT_0) break;
+        if (MsgWaitForMultipleObjects(1, &thread, FALSE, Step, QS_SENDMESSAGE) == WAIT_OBJECT_0) break;
         MSG message;
         PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE | (QS_SENDMESSAGE << 16));
     }
-    CloseHandle(dialogThread);
-    dialogThread = nullptr;
+    dialogThread.Reset();
 }
 
 }  // namespace halyard

@@ -1,5 +1,9 @@
+#include "common/handles.h"
 #include "common/row.h"
+#include "config/page_messages.h"
+#include "config/pages.h"
 #include "config/sheet.h"
+#include "config/sheet_controls.h"
 #include "desktops/desktop_list.h"
 #include "desktops/desktop_switch.h"
 #include "hotkeys/hotkeys.h"
@@ -29,10 +33,6 @@ HWND ListOf(HWND page) noexcept {
     return GetDlgItem(page, IDC_DESKTOP_LIST);
 }
 
-int RowCount(HWND list) noexcept {
-    return static_cast<int>(SendMessageA(list, LVM_GETITEMCOUNT, 0, 0));
-}
-
 DesktopId RowId(HWND list, int row) noexcept {
     LPARAM value = 0;
     return ListValue(list, row, value) ? static_cast<DesktopId>(value) : UnsavedDesktopId;
@@ -58,11 +58,23 @@ void ApplyButtonRules(HWND page) noexcept {
 }
 
 void ApplyPageRules(HWND page) noexcept {
-    const auto enables = EnablesOfDesktopsPage(CurrentPageState(), settings.MultiDesk());
+    const auto enables = EnablesOfDesktopsPage(CurrentPageState(), IsChecked(page, IDC_MULTI_DESK));
     EnableControl(page, IDC_MULTI_DESK, enables.multiDesk);
     EnableControl(page, IDC_DESKTOP_LIST, enables.list);
     EnableControl(page, IDC_ADD_DESKTOP, enables.add);
     ApplyButtonRules(page);
+}
+
+void MarkCurrentDesktop(HWND page) noexcept {
+    HWND list = ListOf(page);
+    const TextBuffer mark = LookupText(IDS_CURRENT_DESKTOP);
+    for (int row = ListRowCount(list) - 1; row >= 0; --row)
+        SetListText(list, row, 1, RowId(list, row) == CurrentDesktopId() ? mark.Text() : "");
+}
+
+void ShowState(HWND page) noexcept {
+    MarkCurrentDesktop(page);
+    ApplyPageRules(page);
 }
 
 void FillRows(HWND list) noexcept {
@@ -79,14 +91,16 @@ INT_PTR OnInit(HWND page) noexcept {
     GiveListImages(list);
     RECT client = {};
     GetClientRect(list, &client);
-    InsertListColumn(list, 0, LookupText(IDS_COLUMN_DESKTOP).Text(), client.right);
+    const int markWidth = client.right / 4;
+    InsertListColumn(list, 0, LookupText(IDS_COLUMN_DESKTOP).Text(), client.right - markWidth);
+    InsertListColumn(list, 1, "", markWidth);
     FillRows(list);
     pendingRemovals.Clear();
     SetCheck(page, IDC_MULTI_DESK, settings.MultiDesk());
     SendDlgItemMessageA(page, IDC_MENU_HINT_ICON, STM_SETICON,
                         reinterpret_cast<WPARAM>(LoadIconA(nullptr, IDI_WARNING)), 0);
-    sheet.pages[DesktopsPage] = page;
-    ApplyPageRules(page);
+    ShowState(page);
+    AddPage(DesktopsPage, page);
     ShowHint(page, settings.MultiDesk() && !settings.ExtendSysMenu());
     if (sheet.canEdit) return 0;
     WriteWindowLong(list, GWL_STYLE, ReadWindowLong(list, GWL_STYLE) & ~static_cast<DWORD>(LVS_EDITLABELS));
@@ -103,7 +117,7 @@ void OnMultiDesk(HWND page) noexcept {
 }
 
 bool HasRow(HWND list, const char* name) noexcept {
-    const int count = RowCount(list);
+    const int count = ListRowCount(list);
     for (int row = 0; row < count; ++row)
         if (lstrcmpiA(ListText(list, row, 0).Text(), name) == 0) return true;
     return false;
@@ -118,7 +132,7 @@ void OnAdd(HWND page) noexcept {
         wsprintfA(name, format.Text(), number++);
     while (HasRow(list, name));
     // Without an image of its own a row shows the first, that of an ordinary desktop.
-    const int row = InsertListRow(list, RowCount(list), name, -1, static_cast<LPARAM>(UnsavedDesktopId));
+    const int row = InsertListRow(list, ListRowCount(list), name, -1, static_cast<LPARAM>(UnsavedDesktopId));
     SetFocus(list);
     EditRow(list, row);
     PageChanged(page);
@@ -141,17 +155,16 @@ void OnActivate(HWND page) noexcept {
     const DesktopId id = RowId(list, row);
     if (row < 0 || id == UnsavedDesktopId) return;
     Activate(id);
-    ApplyButtonRules(page);
+    ShowState(page);
 }
 
 // The platform's own panel sets the wallpaper of the desktop that is current; it is kept when that desktop is left.
 void OnWallpaper(HWND page) noexcept {
     using ShellExecuteFn = HINSTANCE(WINAPI*)(HWND, const char*, const char*, const char*, const char*, INT);
     SendMessageA(page, WM_COMMAND, IDC_ACTIVATE_DESKTOP, 0);
-    const HMODULE shell = LoadLibraryA("shell32.dll");
-    if (const auto shellExecute = EntryOf<ShellExecuteFn>(shell, "ShellExecuteA"))
+    const Library shell(LoadLibraryA("shell32.dll"));
+    if (const auto shellExecute = EntryOf<ShellExecuteFn>(shell.get(), "ShellExecuteA"))
         shellExecute(nullptr, "cplopen", "desk.cpl", nullptr, nullptr, SW_SHOWNORMAL);
-    if (shell) FreeLibrary(shell);
 }
 
 void OnCommand(HWND page, int control) noexcept {
@@ -218,42 +231,39 @@ void ApplyRow(AppliedRow& row) noexcept {
     AddDesktopHotkey(row.id, row.name.Text());
 }
 
-// The lists belong to the server's thread, so that all of it is done there; the texts are read here.
+// The list and its stored form are brought in line without a pause. The windows come after that: while they are moved
+// the server's thread lets messages in, and one of these may have it read the list and the settings anew.
+void ApplyRows(AppliedRow* rows, int count, bool multiDesk) noexcept {
+    for (const DesktopId id : pendingRemovals)
+        RemoveDesktop(id);
+    for (int row = 0; row < count; ++row)
+        ApplyRow(rows[row]);
+    desktopList.Save();
+    SetMultiDesk(multiDesk);
+    SettleWindows();
+}
+
 void OnApply(HWND page) noexcept {
     HWND list = ListOf(page);
-    const int count = RowCount(list);
+    const int count = ListRowCount(list);
     const std::unique_ptr<AppliedRow[]> rows(new (std::nothrow) AppliedRow[static_cast<std::size_t>(count) + 1]);
     if (!rows) return;
-    for (int row = 0; row < count; ++row) {
-        rows[static_cast<std::size_t>(row)].name = ListText(list, row, 0);
-        rows[static_cast<std::size_t>(row)].id = RowId(list, row);
-    }
+    for (int row = 0; row < count; ++row)
+        rows[static_cast<std::size_t>(row)] = {ListText(list, row, 0), RowId(list, row)};
     const bool multiDesk = IsChecked(page, IDC_MULTI_DESK);
-    RunOnServerThread([&] {
-        SetMultiDesk(multiDesk);
-        for (const DesktopId id : pendingRemovals)
-            RemoveDesktop(id);
-        for (int row = 0; row < count; ++row)
-            ApplyRow(rows[static_cast<std::size_t>(row)]);
-        desktopList.Save();
-    });
+    RunOnServerThread([&] { ApplyRows(rows.get(), count, multiDesk); });
     pendingRemovals.Clear();
-    for (int row = 0; row < count; ++row) {
-        LVITEMA item = {};
-        item.mask = LVIF_PARAM;
-        item.iItem = row;
-        item.lParam = static_cast<LPARAM>(rows[static_cast<std::size_t>(row)].id);
-        SendMessageA(list, LVM_SETITEMA, 0, reinterpret_cast<LPARAM>(&item));
-    }
-    settings.SaveMultiDesk(nullptr);
-    // `MultiDesk` is one of the settings.
+    for (int row = 0; row < count; ++row)
+        SetListValue(list, row, static_cast<LPARAM>(rows[static_cast<std::size_t>(row)].id));
+    // Whether there are desktops at all is one of the settings.
     BroadcastSettings(SettingKind::Settings);
     BroadcastSettings(SettingKind::Desktops);
-    ApplyPageRules(page);
+    ShowState(page);
 }
 
 INT_PTR OnNotify(HWND page, const NMHDR& notice) noexcept {
     if (notice.code == PSN_APPLY) OnApply(page);
+    if (notice.code == PSN_SETACTIVE) MarkCurrentDesktop(page);
     return notice.idFrom == IDC_DESKTOP_LIST ? OnListNotice(page, notice) : 0;
 }
 
@@ -264,7 +274,7 @@ INT_PTR CALLBACK DesktopsPageProc(HWND page, UINT message, WPARAM wParam, LPARAM
     if (HandleSharedMessage(page, message, wParam, lParam, result)) return result;
     switch (message) {
     case WM_INITDIALOG: return OnInit(page);
-    case RefreshPageMessage: ApplyPageRules(page); break;
+    case RefreshPageMessage: ShowState(page); break;
     case WM_COMMAND: OnCommand(page, LOWORD(wParam)); break;
     case WM_NOTIFY: return OnNotify(page, *reinterpret_cast<const NMHDR*>(lParam));
     }

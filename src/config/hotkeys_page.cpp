@@ -1,4 +1,8 @@
+#include "config/page_messages.h"
+#include "config/pages.h"
 #include "config/sheet.h"
+#include "config/sheet_controls.h"
+#include "hotkeys/hotkey_storage.h"
 #include "hotkeys/hotkeys.h"
 #include "process/profile.h"
 #include "process/strings.h"
@@ -15,6 +19,7 @@ namespace {
 HotkeyModifiers captured;  // the combination in the box
 WNDPROC oldBoxProc = nullptr;
 WNDPROC oldListProc = nullptr;
+bool inFront = false;  // whether the page is the one that shows: its user presses combinations that are bound already
 
 HWND ListOf(HWND page) noexcept {
     return GetDlgItem(page, IDC_HOTKEY_LIST);
@@ -33,7 +38,40 @@ void ShowHint(HWND page, const char* text) noexcept {
     SetDlgItemTextA(page, IDC_HOTKEY_HINT, text);
 }
 
+bool FindAction(HWND list, int row, unsigned& action) noexcept {
+    LPARAM value = 0;
+    if (!ListValue(list, row, value)) return false;
+    action = static_cast<unsigned>(value);
+    return true;
+}
+
+bool IsModifier(DWORD key) noexcept {
+    return (key >= VK_SHIFT && key <= VK_MENU) || key == VK_LWIN || key == VK_RWIN;
+}
+
+void ShowHintAbout(HWND page, unsigned stringId, const char* name) noexcept {
+    char text[1025];  // the platform's limit for formatted text
+    wsprintfA(text, LookupText(stringId).Text(), name);
+    ShowHint(page, text);
+}
+
+// Whether the combination in the box can be set; the line under the box tells why it can't.
+bool CanSet(HWND page, bool bindable) noexcept {
+    unsigned action = 0;
+    if (!FindAction(ListOf(page), SelectedListRow(ListOf(page)), action)) return false;
+    const TextBuffer other = ActionWithBinding(captured, action);
+    if (!bindable && !IsModifier(captured.key))
+        ShowHint(page, LookupText(HasModifier(captured) ? IDS_HOTKEY_UNKNOWN_KEY : IDS_HOTKEY_KEY_ALONE).Text());
+    else if (bindable && !other.IsEmpty())
+        ShowHintAbout(page, IDS_HOTKEY_TAKEN, other.Text());
+    else
+        ShowHint(page, "");
+    return bindable && other.IsEmpty();
+}
+
+// Nothing while the box is grey.
 void OnBoxKey(HWND box, DWORD key) noexcept {
+    if (!IsWindowEnabled(box)) return;
     HWND page = GetParent(box);
     captured.alt = IsDown(VK_MENU);
     captured.ctrl = IsDown(VK_CONTROL);
@@ -45,8 +83,7 @@ void OnBoxKey(HWND box, DWORD key) noexcept {
     SetWindowTextA(box, text.Text());
     constexpr WPARAM End = 65000;
     SendMessageA(box, EM_SETSEL, End, End);
-    EnableControl(page, IDC_SET_HOTKEY, bindable);
-    ShowHint(page, "");
+    EnableControl(page, IDC_SET_HOTKEY, CanSet(page, bindable));
 }
 
 bool IsModifierDown() noexcept {
@@ -54,7 +91,7 @@ bool IsModifierDown() noexcept {
 }
 
 // By these keys alone the user goes through the list, and wants to see what is bound there.
-bool MovesInList(WORD key) noexcept {
+bool MovesInList(WPARAM key) noexcept {
     return key >= VK_PRIOR && key <= VK_DOWN && !IsModifierDown() && !IsDown(VK_SHIFT);
 }
 
@@ -63,11 +100,19 @@ bool WantsKey(const MSG* message) noexcept {
     return message && (message->message == WM_KEYDOWN || message->message == WM_SYSKEYDOWN) && IsModifierDown();
 }
 
+// The character that the key stands for waits in the queue already. With Alt it would press the button whose letter it
+// is.
+void DropCharacter(HWND window) noexcept {
+    MSG character;
+    PeekMessageA(&character, window, WM_SYSCHAR, WM_SYSCHAR, PM_REMOVE);
+}
+
 LRESULT CALLBACK HotkeyEditProc(HWND box, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case WM_KEYDOWN:
     case WM_SYSKEYDOWN:
-        if (IsWindowEnabled(box)) OnBoxKey(box, static_cast<DWORD>(wParam));
+        DropCharacter(box);
+        OnBoxKey(box, static_cast<DWORD>(wParam));
         return 0;
     case WM_CHAR:
     case WM_SYSCHAR: return 0;
@@ -78,9 +123,17 @@ LRESULT CALLBACK HotkeyEditProc(HWND box, UINT message, WPARAM wParam, LPARAM lP
     return CallOld(oldBoxProc, box, message, wParam, lParam);
 }
 
-// Typing in the list doesn't search it.
+// A combination can be pressed while the list has the focus: it goes to the box, and neither moves nor searches in the
+// list.
 LRESULT CALLBACK HotkeyListProc(HWND list, UINT message, WPARAM wParam, LPARAM lParam) {
-    return message == WM_CHAR ? 0 : CallOld(oldListProc, list, message, wParam, lParam);
+    switch (message) {
+    case WM_KEYDOWN:
+        if (MovesInList(wParam)) break;
+        OnBoxKey(GetDlgItem(GetParent(list), IDC_HOTKEY_BOX), static_cast<DWORD>(wParam));
+        return 0;
+    case WM_CHAR: return 0;
+    }
+    return CallOld(oldListProc, list, message, wParam, lParam);
 }
 
 TextBuffer BindingText(HotkeyModifiers binding) noexcept {
@@ -90,6 +143,7 @@ TextBuffer BindingText(HotkeyModifiers binding) noexcept {
 
 void FillHotkeyRows(HWND page) noexcept {
     HWND list = ListOf(page);
+    const int selected = SelectedListRow(list);
     SendMessageA(list, LVM_DELETEALLITEMS, 0, 0);
     Hotkey hotkey = {};
     for (int index = 0; HotkeyByIndex(static_cast<unsigned>(index), hotkey); ++index) {
@@ -97,20 +151,19 @@ void FillHotkeyRows(HWND page) noexcept {
             InsertListRow(list, index, hotkey.label.Text(), HotkeyImage, static_cast<LPARAM>(hotkey.action));
         SetListText(list, row, 1, BindingText(hotkey.binding).Text());
     }
+    if (selected >= 0) SelectListRow(list, selected);
 }
 
 void ApplyEnableRules(HWND page) noexcept {
     const PageState state = CurrentPageState();
     EnableControl(page, IDC_HOTKEY_LIST, state.IsLive());
-    EnableControl(page, IDC_HOTKEY_BOX, state.IsLive());
+    EnableControl(page, IDC_HOTKEY_BOX, state.IsLive() && SelectedListRow(ListOf(page)) >= 0);
     if (state.hooksInstalled) return;
     SetDlgItemTextA(page, IDC_HOTKEY_BOX, "");
     EnableControl(page, IDC_SET_HOTKEY, false);
 }
 
 void OnInit(HWND page) noexcept {
-    // With the system off from the start nobody has loaded them yet.
-    LoadHotkeysOnce();
     HWND list = ListOf(page);
     GiveListImages(list);
     RECT client = {};
@@ -119,21 +172,15 @@ void OnInit(HWND page) noexcept {
     const int actionWidth = ActionColumnWidth(width, GetUserDefaultLangID());
     InsertListColumn(list, 0, LookupText(IDS_COLUMN_ACTION).Text(), actionWidth);
     InsertListColumn(list, 1, LookupText(IDS_COLUMN_HOTKEY).Text(), width - actionWidth);
+    // With the system off from the start nobody has loaded them yet.
+    LoadHotkeysOnce();
     FillHotkeyRows(page);
-    sheet.pages[HotkeysPage] = page;
     ApplyEnableRules(page);
-    EnableControl(page, IDC_HOTKEY_BOX, false);
     captured = {};
     oldBoxProc = SetWindowProc(GetDlgItem(page, IDC_HOTKEY_BOX), HotkeyEditProc);
     oldListProc = SetWindowProc(list, HotkeyListProc);
     SetDlgItemTextA(page, IDC_HOTKEY_BOX, LookupText(IDS_SELECT_ACTION).Text());
-}
-
-bool FindAction(HWND list, int row, unsigned& action) noexcept {
-    LPARAM value = 0;
-    if (!ListValue(list, row, value)) return false;
-    action = static_cast<unsigned>(value);
-    return true;
+    AddPage(HotkeysPage, page);
 }
 
 // Why a combination does nothing: another action has it, or another program.
@@ -143,13 +190,10 @@ void ShowHintFor(HWND page, unsigned action) noexcept {
     }
     if (hotkey.action != action) return;
     const TextBuffer other = ActionWithBinding(hotkey.binding, action);
-    if (!other.IsEmpty()) {
-        char text[1025];  // the platform's limit for formatted text
-        wsprintfA(text, LookupText(IDS_HOTKEY_SHARED).Text(), other.Text());
-        ShowHint(page, text);
-    } else {
+    if (other.IsEmpty())
         ShowHint(page, hotkey.refused ? LookupText(IDS_HOTKEY_REFUSED).Text() : "");
-    }
+    else
+        ShowHintAbout(page, IDS_HOTKEY_SHARED, other.Text());
 }
 
 void OnRowSelected(HWND page, int row) noexcept {
@@ -178,40 +222,48 @@ void OnSet(HWND page) noexcept {
 }
 
 void OnListNotice(HWND page, const NMHDR& notice) noexcept {
-    if (notice.code == LVN_KEYDOWN) {
-        // A combination can be pressed while the list has the focus.
-        const WORD key = reinterpret_cast<const NMLVKEYDOWN&>(notice).wVKey;
-        if (!MovesInList(key)) PostMessageA(GetDlgItem(page, IDC_HOTKEY_BOX), WM_KEYDOWN, key, 0);
-    }
-    if (notice.code == LVN_ITEMCHANGED) {
-        const auto& change = reinterpret_cast<const NMLISTVIEW&>(notice);
-        if (change.uNewState & LVIS_SELECTED) OnRowSelected(page, change.iItem);
-    }
+    if (notice.code != LVN_ITEMCHANGED) return;
+    const auto& change = reinterpret_cast<const NMLISTVIEW&>(notice);
+    if (change.uNewState & LVIS_SELECTED) OnRowSelected(page, change.iItem);
+}
+
+// Registers what is bound, and takes it back while the page shows: so it is known what another program holds.
+void RegisterAgain() noexcept {
+    RegisterHotkeys();
+    if (inFront) UnregisterHotkeys();
 }
 
 void OnApply(HWND page) noexcept {
     SaveHotkeys();
     LoadHotkeys();
+    RegisterAgain();
     FillHotkeyRows(page);
-    RegisterHotkeys();
 }
 
 void OnReset() noexcept {
     LoadHotkeys();
-    RegisterHotkeys();
+    RegisterAgain();
+}
+
+void ComeToFront(bool front) noexcept {
+    inFront = front && sheet.canEdit;
+    RegisterAgain();
 }
 
 void OnNotify(HWND page, const NMHDR& notice) noexcept {
     switch (notice.code) {
-    case PSN_SETACTIVE:
-        // The user presses combinations here that are bound already.
-        if (sheet.canEdit) UnregisterHotkeys();
-        break;
-    case PSN_KILLACTIVE: RegisterHotkeys(); break;
+    case PSN_SETACTIVE: ComeToFront(true); break;
+    case PSN_KILLACTIVE: ComeToFront(false); break;
     case PSN_APPLY: OnApply(page); break;
     case PSN_RESET: OnReset(); break;
     }
     if (notice.idFrom == IDC_HOTKEY_LIST) OnListNotice(page, notice);
+}
+
+// The system has been turned on or off, and has registered the hotkeys meanwhile.
+void OnRefresh(HWND page) noexcept {
+    RegisterAgain();
+    ApplyEnableRules(page);
 }
 
 }  // namespace
@@ -221,7 +273,8 @@ INT_PTR CALLBACK HotkeysPageProc(HWND page, UINT message, WPARAM wParam, LPARAM 
     if (HandleSharedMessage(page, message, wParam, lParam, result)) return result;
     switch (message) {
     case WM_INITDIALOG: OnInit(page); break;
-    case RefreshPageMessage: ApplyEnableRules(page); break;
+    case RefreshPageMessage: OnRefresh(page); break;
+    case WM_DESTROY: ComeToFront(false); break;
     case WM_COMMAND:
         if (LOWORD(wParam) == IDC_SET_HOTKEY) OnSet(page);
         break;

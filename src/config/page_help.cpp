@@ -1,4 +1,6 @@
-// Help popups and pictures, the same on every page.
+#include "config/page_help.h"
+
+#include "common/handles.h"
 #include "config/sheet.h"
 #include "process/profile.h"
 #include "process/strings.h"
@@ -40,25 +42,23 @@ constexpr HelpRow HelpRows[] = {
     {IDC_OPACITY, IDS_HELP_TRANSPARENCY},
     {IDC_TASKBARS_PICTURE, IDS_HELP_TASKBARS},
     {IDC_TASKBARS, IDS_HELP_TASKBARS},
+    {IDC_WHICH_TASKS, IDS_HELP_TASKBARS},
+    {IDC_ALL_TASKS, IDS_HELP_TASKBARS},
+    {IDC_OWN_TASKS, IDS_HELP_TASKBARS},
     {IDC_MIRROR_PICTURE, IDS_HELP_MIRROR},
     {IDC_MIRROR, IDS_HELP_MIRROR},
     {IDC_MULTI_DESK, IDS_HELP_MULTI_DESK},
 };
 
-// Where a control's picture stands in the strip.
-struct Sprite {
-    UINT control;
-    int x;
-    int width;
-};
-
-constexpr int SpriteHeight = 32;
-constexpr COLORREF SpriteBackground = 255;
-
-constexpr Sprite Sprites[] = {
-    {IDC_WINDOWS_PICTURE, 0, 32},   {IDC_DIALOGS_PICTURE, 32, 32},   {IDC_EFFECTS_PICTURE, 64, 30},
-    {IDC_DESKTOPS_PICTURE, 98, 32}, {IDC_TASKBARS_PICTURE, 131, 35}, {IDC_MIRROR_PICTURE, 168, 35},
-    {IDC_HOTKEYS_PICTURE, 204, 32},
+// Why a control is grey while the user may change things and the system is on.
+constexpr HelpRow GreyRows[] = {
+    {IDC_WITH_CONTROL, IDS_GREY_MAXIMISE},   {IDC_DIALOGS_WHERE, IDS_GREY_DIALOGS},
+    {IDC_TRANSPARENCY, IDS_GREY_SYSTEM},     {IDC_OPACITY, IDS_GREY_TRANSPARENCY},
+    {IDC_ALL_TASKS, IDS_GREY_TASKBARS},      {IDC_OWN_TASKS, IDS_GREY_TASKBARS},
+    {IDC_DESKTOP_LIST, IDS_GREY_MULTI_DESK}, {IDC_ADD_DESKTOP, IDS_GREY_MULTI_DESK},
+    {IDC_REMOVE_DESKTOP, IDS_GREY_REMOVE},   {IDC_ACTIVATE_DESKTOP, IDS_GREY_ACTIVATE},
+    {IDC_WALLPAPER, IDS_GREY_WALLPAPER},     {IDC_HOTKEY_BOX, IDS_GREY_HOTKEY_BOX},
+    {IDC_SET_HOTKEY, IDS_GREY_SET_HOTKEY},
 };
 
 constexpr UINT HelpTool = 1;
@@ -67,10 +67,34 @@ constexpr int TipWidth = 300;  // pixels
 WNDPROC oldTipProc = nullptr;
 HWND focusBehindTip = nullptr;
 
-unsigned HelpIdOf(int control) noexcept {
-    for (const HelpRow& row : HelpRows)
+int helpControl = 0;    // that the help menu was opened on
+bool tipShown = false;  // whether there has been a popup
+
+template <std::size_t Count>
+unsigned StringOf(const HelpRow (&rows)[Count], int control, unsigned missing) noexcept {
+    for (const HelpRow& row : rows)
         if (row.control == control) return row.stringId;
-    return IDS_HELP_NONE;
+    return missing;
+}
+
+unsigned HelpIdOf(int control) noexcept {
+    return StringOf(HelpRows, control, IDS_HELP_NONE);
+}
+
+unsigned GreyReason(int control) noexcept {
+    const PageState state = CurrentPageState();
+    if (!state.hooksInstalled) return IDS_GREY_OFF;
+    if (!state.canEdit) return IDS_GREY_RIGHTS;
+    return StringOf(GreyRows, control, IDS_GREY_OFF);
+}
+
+TextBuffer HelpOf(HWND page, int control) noexcept {
+    TextBuffer text = LookupText(HelpIdOf(control));
+    HWND window = GetDlgItem(page, control);
+    if (!window || IsWindowEnabled(window)) return text;
+    text.Append("\r\n\r\n");
+    text.Append(LookupText(GreyReason(control)).Text());
+    return text;
 }
 
 TTTOOLINFOA HelpToolInfo() noexcept {
@@ -85,7 +109,7 @@ void SendTool(UINT message, WPARAM wParam, TTTOOLINFOA& tool) noexcept {
 }
 
 void HideHelpTip() noexcept {
-    if (!sheet.tipShown) return;
+    if (!tipShown) return;
     TTTOOLINFOA tool = HelpToolInfo();
     SendTool(TTM_TRACKACTIVATE, FALSE, tool);
 }
@@ -102,8 +126,8 @@ LRESULT CALLBACK HelpTipProc(HWND tip, UINT message, WPARAM wParam, LPARAM lPara
     return CallWindowProcA(oldTipProc, tip, message, wParam, lParam);
 }
 
-void ShowHelpTip(int control) noexcept {
-    TextBuffer text = LookupText(HelpIdOf(control));
+void ShowHelpTip(HWND page, int control) noexcept {
+    TextBuffer text = HelpOf(page, control);
     TTTOOLINFOA tool = HelpToolInfo();
     const bool exists = SendMessageA(sheet.tip, TTM_GETTOOLINFOA, 0, reinterpret_cast<LPARAM>(&tool)) != 0;
     if (!exists) oldTipProc = SetWindowProc(sheet.tip, HelpTipProc);
@@ -111,7 +135,7 @@ void ShowHelpTip(int control) noexcept {
     tool.lpszText = text.Room();
     SendTool(exists ? TTM_SETTOOLINFOA : TTM_ADDTOOLA, 0, tool);
     SendMessageA(sheet.tip, TTM_SETMAXTIPWIDTH, 0, TipWidth);
-    sheet.tipShown = true;
+    tipShown = true;
     // The last popup's end has turned the control off.
     SendMessageA(sheet.tip, TTM_ACTIVATE, TRUE, 0);
     SendMessageA(sheet.tip, TTM_TRACKPOSITION, 0, static_cast<LPARAM>(GetMessagePos()));
@@ -120,10 +144,24 @@ void ShowHelpTip(int control) noexcept {
     if (focus != sheet.tip) focusBehindTip = focus;
 }
 
+// A click on a grey control comes to the page, or to the frame round the control; neither has help of its own.
+HWND ControlAt(HWND page, POINT place, HWND clicked) noexcept {
+    if (HelpIdOf(GetDlgCtrlID(clicked)) != IDS_HELP_NONE) return clicked;
+    for (HWND child = GetWindow(page, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+        RECT area = {};
+        GetWindowRect(child, &area);
+        if (PtInRect(&area, place) && IsWindowVisible(child) && HelpIdOf(GetDlgCtrlID(child)) != IDS_HELP_NONE)
+            return child;
+    }
+    return clicked;
+}
+
 void ShowHelpMenu(HWND page, HWND control) noexcept {
-    sheet.helpControl = GetDlgCtrlID(control);
-    if (sheet.helpControl < 1) return;
-    HMENU menu = CreatePopupMenu();
+    const DWORD position = GetMessagePos();
+    const POINT place = {static_cast<short>(LOWORD(position)), static_cast<short>(HIWORD(position))};
+    helpControl = GetDlgCtrlID(ControlAt(page, place, control));
+    if (helpControl < 1) return;
+    const Menu menu(CreatePopupMenu());
     TextBuffer text = LookupText(IDS_WHATS_THIS);
     MENUITEMINFOA item = {};
     item.cbSize = sizeof(item);
@@ -132,38 +170,8 @@ void ShowHelpMenu(HWND page, HWND control) noexcept {
     item.fState = MFS_DEFAULT;
     item.wID = IDM_WHATS_THIS;
     item.dwTypeData = text.Room();
-    InsertMenuItemA(menu, 0, TRUE, &item);
-    const DWORD place = GetMessagePos();
-    TrackPopupMenu(menu, 0, static_cast<short>(LOWORD(place)), static_cast<short>(HIWORD(place)), 0, page, nullptr);
-    DestroyMenu(menu);
-}
-
-bool HandleHelpMessage(HWND page, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
-    switch (message) {
-    case WM_CONTEXTMENU: ShowHelpMenu(page, reinterpret_cast<HWND>(wParam)); return true;
-    case WM_COMMAND:
-        if (wParam != IDM_WHATS_THIS) return false;
-        ShowHelpTip(sheet.helpControl);
-        return true;
-    case WM_HELP: ShowHelpTip(reinterpret_cast<const HELPINFO*>(lParam)->iCtrlId); return true;
-    case WM_ACTIVATEAPP:
-        if (!wParam) HideHelpTip();
-        return false;
-    case WM_ACTIVATE:
-        if (wParam) HideHelpTip();
-        return false;
-    }
-    return false;
-}
-
-bool DrawSprite(const DRAWITEMSTRUCT& item) noexcept {
-    for (const Sprite& sprite : Sprites) {
-        if (sprite.control != item.CtlID) continue;
-        TransparentBlt(item.hDC, 0, 0, sprite.width, SpriteHeight, sheet.spriteDc, sprite.x, 0, sprite.width,
-                       SpriteHeight, SpriteBackground);
-        return true;
-    }
-    return false;
+    InsertMenuItemA(menu.get(), 0, TRUE, &item);
+    TrackPopupMenu(menu.get(), 0, place.x, place.y, 0, page, nullptr);
 }
 
 void OnTipPopped() noexcept {
@@ -174,13 +182,25 @@ void OnTipPopped() noexcept {
 
 }  // namespace
 
-bool HandleSharedMessage(HWND page, UINT message, WPARAM wParam, LPARAM lParam, INT_PTR& result) noexcept {
-    result = 0;
-    if (HandleHelpMessage(page, message, wParam, lParam)) return true;
-    if (message == WM_NOTIFY && reinterpret_cast<const NMHDR*>(lParam)->code == TTN_POP) OnTipPopped();
-    if (message != WM_DRAWITEM) return false;
-    result = DrawSprite(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam)) ? 1 : 0;
-    return result != 0;
+bool HandleHelpMessage(HWND page, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+    switch (message) {
+    case WM_CONTEXTMENU: ShowHelpMenu(page, reinterpret_cast<HWND>(wParam)); return true;
+    case WM_COMMAND:
+        if (wParam != IDM_WHATS_THIS) return false;
+        ShowHelpTip(page, helpControl);
+        return true;
+    case WM_NOTIFY:
+        if (reinterpret_cast<const NMHDR*>(lParam)->code == TTN_POP) OnTipPopped();
+        return false;
+    case WM_HELP: ShowHelpTip(page, reinterpret_cast<const HELPINFO*>(lParam)->iCtrlId); return true;
+    case WM_ACTIVATEAPP:
+        if (!wParam) HideHelpTip();
+        return false;
+    case WM_ACTIVATE:
+        if (wParam) HideHelpTip();
+        return false;
+    }
+    return false;
 }
 
 }  // namespace halyard

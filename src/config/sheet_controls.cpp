@@ -1,4 +1,6 @@
-#include "config/sheet.h"
+#include "config/sheet_controls.h"
+
+#include "common/handles.h"
 #include "process/profile.h"
 #include "resources/resource_ids.h"
 
@@ -29,9 +31,8 @@ void SetCheck(HWND page, int control, bool checked) noexcept {
 void GiveListImages(HWND list) noexcept {
     constexpr int Size = 16;
     HIMAGELIST images = ImageList_Create(Size, Size, ILC_COLOR8 | ILC_MASK, 2, 1);
-    HBITMAP strip = LoadBitmapA(profile.moduleInstance, MAKEINTRESOURCEA(IDB_LIST_IMAGES));
-    if (images && strip) ImageList_AddMasked(images, strip, RGB(0, 0xFF, 0));
-    if (strip) DeleteObject(strip);
+    const Bitmap strip(LoadBitmapA(profile.moduleInstance, MAKEINTRESOURCEA(IDB_LIST_IMAGES)));
+    if (images && strip) ImageList_AddMasked(images, strip.get(), RGB(0, 0xFF, 0));
     SendMessageA(list, LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(images));
 }
 
@@ -82,8 +83,28 @@ bool ListValue(HWND list, int row, LPARAM& value) noexcept {
     return true;
 }
 
+void SetListValue(HWND list, int row, LPARAM value) noexcept {
+    LVITEMA item = {};
+    item.mask = LVIF_PARAM;
+    item.iItem = row;
+    item.lParam = value;
+    SendMessageA(list, LVM_SETITEMA, 0, reinterpret_cast<LPARAM>(&item));
+}
+
+int ListRowCount(HWND list) noexcept {
+    return static_cast<int>(SendMessageA(list, LVM_GETITEMCOUNT, 0, 0));
+}
+
 int SelectedListRow(HWND list) noexcept {
     return static_cast<int>(SendMessageA(list, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED));
+}
+
+void SelectListRow(HWND list, int row) noexcept {
+    LVITEMA item = {};
+    item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
+    item.state = LVIS_SELECTED | LVIS_FOCUSED;
+    SendMessageA(list, LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+    SendMessageA(list, LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
 }
 
 }  // namespace halyard

@@ -1,5 +1,9 @@
+#include "config/page_messages.h"
+#include "config/pages.h"
 #include "config/sheet.h"
+#include "config/sheet_controls.h"
 #include "process/broadcasts.h"
+#include "process/server_call.h"
 #include "process/shared_section.h"
 #include "resources/resource_ids.h"
 #include "settings/settings.h"
@@ -21,11 +25,11 @@ void ApplyEnableRules(HWND page) noexcept {
 }
 
 void OnInit(HWND page) noexcept {
-    sheet.pages[TaskbarsPage] = page;
     SetCheck(page, IDC_TASKBARS, settings.TaskbarsEnable());
     SetCheck(page, settings.TaskbarsShowAllTasks() ? IDC_ALL_TASKS : IDC_OWN_TASKS, true);
     SetCheck(page, IDC_MIRROR, settings.TaskswitchMirrorEnable());
     ApplyEnableRules(page);
+    AddPage(TaskbarsPage, page);
 }
 
 void OnCommand(HWND page, int control) noexcept {
@@ -40,11 +44,17 @@ void OnCommand(HWND page, int control) noexcept {
     }
 }
 
+// The settings belong to the server's thread, which may read them anew at any time; the controls are read here.
 void OnApply(HWND page) noexcept {
-    settings.SetTaskbarsEnable(IsChecked(page, IDC_TASKBARS));
-    settings.SetTaskbarsShowAllTasks(IsChecked(page, IDC_ALL_TASKS));
-    settings.SetTaskswitchMirrorEnable(IsChecked(page, IDC_MIRROR));
-    settings.Save();
+    const bool taskbars = IsChecked(page, IDC_TASKBARS);
+    const bool allTasks = IsChecked(page, IDC_ALL_TASKS);
+    const bool mirror = IsChecked(page, IDC_MIRROR);
+    RunOnServerThread([&] {
+        settings.SetTaskbarsEnable(taskbars);
+        settings.SetTaskbarsShowAllTasks(allTasks);
+        settings.SetTaskswitchMirrorEnable(mirror);
+        settings.Save();
+    });
     BroadcastSettings(SettingKind::Settings);
     PostMessageA(ServerWindow(), HM_REFRESH_EXTRAS, 0, 0);
 }

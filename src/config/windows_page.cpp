@@ -1,7 +1,11 @@
+#include "config/page_messages.h"
+#include "config/pages.h"
 #include "config/sheet.h"
+#include "config/sheet_controls.h"
 #include "displays/displays.h"
 #include "process/broadcasts.h"
 #include "process/profile.h"
+#include "process/server_call.h"
 #include "process/strings.h"
 #include "resources/resource_ids.h"
 #include "settings/choices.h"
@@ -73,8 +77,8 @@ INT_PTR OnInit(HWND page) noexcept {
     SetCheck(page, settings.DialogControl() == DialogsAsTheyCome ? IDC_DIALOGS_DEFAULT : IDC_DIALOGS_CENTRED, true);
     SetCheck(page, IDC_TRANSPARENCY, settings.DragTrans());
     SetUpOpacity(page);
-    sheet.pages[WindowsPage] = page;
     ApplyEnableRules(page);
+    AddPage(WindowsPage, page);
     return 1;
 }
 
@@ -114,16 +118,25 @@ DialogChoice ChosenDialogs(HWND page) noexcept {
                              displayRows);
 }
 
+// The settings belong to the server's thread, which may read them anew at any time; the controls are read here.
 void OnApply(HWND page) noexcept {
-    settings.SetWindowMem(IsChecked(page, IDC_WINDOW_MEMORY));
-    settings.SetExtendSysMenu(IsChecked(page, IDC_SYSTEM_MENU));
-    settings.SetCtrlMax(MaximiseOfChecks({IsChecked(page, IDC_MAXIMISE_ACROSS), IsChecked(page, IDC_WITH_CONTROL)}));
-    settings.SetAutodock(IsChecked(page, IDC_AUTODOCK));
+    const bool windowMemory = IsChecked(page, IDC_WINDOW_MEMORY);
+    const bool systemMenu = IsChecked(page, IDC_SYSTEM_MENU);
+    const bool autodock = IsChecked(page, IDC_AUTODOCK);
+    const MaximiseChecks maximise = {IsChecked(page, IDC_MAXIMISE_ACROSS), IsChecked(page, IDC_WITH_CONTROL)};
     const DialogChoice choice = ChosenDialogs(page);
-    settings.SetDialogControl(choice.control, choice.display);
-    settings.SetDragTrans(IsChecked(page, IDC_TRANSPARENCY));
-    settings.SetDragTransPerCent(static_cast<DWORD>(SendDlgItemMessageA(page, IDC_OPACITY, TBM_GETPOS, 0, 0)));
-    settings.Save();
+    const bool transparency = IsChecked(page, IDC_TRANSPARENCY);
+    const auto opacity = static_cast<DWORD>(SendDlgItemMessageA(page, IDC_OPACITY, TBM_GETPOS, 0, 0));
+    RunOnServerThread([&] {
+        settings.SetWindowMem(windowMemory);
+        settings.SetExtendSysMenu(systemMenu);
+        settings.SetCtrlMax(MaximiseOfChecks(maximise));
+        settings.SetAutodock(autodock);
+        settings.SetDialogControl(choice.control, choice.display);
+        settings.SetDragTrans(transparency);
+        settings.SetDragTransPerCent(opacity);
+        settings.Save();
+    });
     BroadcastSettings(SettingKind::Settings);
 }
 
@@ -140,7 +153,6 @@ INT_PTR CALLBACK WindowsPageProc(HWND page, UINT message, WPARAM wParam, LPARAM 
     case WM_NOTIFY:
         if (reinterpret_cast<const NMHDR*>(lParam)->code == PSN_APPLY) OnApply(page);
         break;
-    case WM_DESTROY: sheet.window = nullptr; break;
     }
     return 0;
 }

@@ -25,6 +25,9 @@ bool switching = false;
 bool anotherRequested = false;
 DesktopId requestedId = DefaultDesktopId;
 
+// The desktop that was current when it was removed, until the windows are settled; the default one for none.
+DesktopId removedCurrent = DefaultDesktopId;
+
 void StoreOutgoing(Desktop& outgoing) noexcept {
     CaptureBackground(outgoing);
     desktopList.StoreBackground(outgoing);
@@ -89,23 +92,33 @@ void ActivatePrevious() noexcept {
 }
 
 void RemoveDesktop(DesktopId id) noexcept {
+    assert(OnServerThread());
     if (id == DefaultDesktopId) return;
-    RunOnServerThread([id] {
-        windowDesktopMap.MoveWindows(id, DefaultDesktopId);
-        desktopList.Remove(id);
-        if (id == CurrentDesktopId())
-            ActivateHere(DefaultDesktopId);
-        else
-            BringInLine();
+    windowDesktopMap.MoveWindows(id, DefaultDesktopId);
+    desktopList.Remove(id);
+    if (id == CurrentDesktopId())
+        removedCurrent = id;
+    else
         ForgetOrder(id);
-    });
+}
+
+void SettleWindows() noexcept {
+    assert(OnServerThread());
+    if (removedCurrent == DefaultDesktopId) {
+        BringInLine();
+        return;
+    }
+    ActivateHere(DefaultDesktopId);
+    ForgetOrder(removedCurrent);
+    removedCurrent = DefaultDesktopId;
 }
 
 void SetMultiDesk(bool on) noexcept {
-    if (settings.MultiDesk() == on) return;
-    settings.StoreMultiDesk(on);
-    if (on) return;
-    RunOnServerThread([] {
+    RunOnServerThread([on] {
+        const bool before = settings.MultiDesk();
+        settings.StoreMultiDesk(on);
+        settings.SaveMultiDesk(nullptr);
+        if (on || !before) return;
         ActivateHere(DefaultDesktopId);
         windowDesktopMap.MoveAllWindows(DefaultDesktopId);
         BringInLine();

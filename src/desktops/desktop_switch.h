@@ -14,11 +14,14 @@ void Activate(DesktopId id) noexcept;
 void ActivateNext() noexcept;
 void ActivatePrevious() noexcept;
 
-// Takes a desktop out of the list; its windows go to the default desktop, which becomes current if the removed one was.
+// Takes a desktop out of the list; its windows belong to the default desktop from then on. They get there, and the
+// default desktop becomes current if the removed one was, with `SettleWindows`, which lets messages in on the way. Both
+// on the server's thread.
 void RemoveDesktop(DesktopId id) noexcept;
+void SettleWindows() noexcept;
 
-// Turns virtual desktops on or off in the settings, memory only. When they go off, all windows come to the default
-// desktop. The value that is set already does nothing.
+// Turns virtual desktops on or off in the settings, stored at once. When they go off, all windows come to the default
+// desktop. Any thread of the server process.
 void SetMultiDesk(bool on) noexcept;
 
 // The id as windows report it: one that no desktop has counts as the default desktop.

@@ -1,5 +1,6 @@
 #include "hook/desktop_menu.h"
 
+#include "process/foreground.h"
 #include "process/profile.h"
 #include "process/shared_section.h"
 #include "process/strings.h"
@@ -38,6 +39,7 @@ void OnDesktopButtonUp(HWND window) noexcept {
     const bool ofMenu = profile.postsMenuCommands && inDesktopMenu;
     if (!configItemChosen || (window != profile.desktopViewWindow && !ofMenu)) return;
     configItemChosen = false;
+    AllowServerForeground();
     SendMessageA(ServerWindow(), HM_OPEN_CONFIG, 0, 0);
 }
 

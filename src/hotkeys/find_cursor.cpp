@@ -13,7 +13,7 @@ constexpr int Idle = -1;
 struct FindCursorState {
     int step = Idle;  // index of the ring on the screen
     RECT ring = {};
-    HPEN pen = nullptr;  // made at first use, kept to the process's end
+    Pen pen;  // made at first use, kept to the process's end
 };
 
 FindCursorState state;
@@ -22,22 +22,18 @@ FindCursorState state;
 class RingDrawing {
 public:
     explicit RingDrawing(HPEN pen) noexcept
-        : oldMode(SetROP2(screen.get(), R2_XORPEN)), oldBrush(SelectObject(screen.get(), GetStockObject(NULL_BRUSH))),
-          oldPen(SelectObject(screen.get(), pen)) {}
+        : oldMode(SetROP2(screen.get(), R2_XORPEN)), brush(screen.get(), GetStockObject(NULL_BRUSH)),
+          selectedPen(screen.get(), pen) {}
     RingDrawing(const RingDrawing&) = delete;
     RingDrawing& operator=(const RingDrawing&) = delete;
-    ~RingDrawing() {
-        SelectObject(screen.get(), oldPen);
-        SelectObject(screen.get(), oldBrush);
-        SetROP2(screen.get(), oldMode);
-    }
+    ~RingDrawing() { SetROP2(screen.get(), oldMode); }
     void Draw(const RECT& ring) noexcept { Ellipse(screen.get(), ring.left, ring.top, ring.right, ring.bottom); }
 
 private:
     ScreenDc screen;
     int oldMode;
-    HGDIOBJ oldBrush;
-    HGDIOBJ oldPen;
+    SelectedObject brush;
+    SelectedObject selectedPen;
 };
 
 RECT RingRoundCursor(int radius) noexcept {
@@ -47,8 +43,8 @@ RECT RingRoundCursor(int radius) noexcept {
 }
 
 bool Advance() noexcept {
-    if (!state.pen) state.pen = CreatePen(PS_INSIDEFRAME, 3, RGB(0x80, 0x80, 0x80));
-    RingDrawing drawing(state.pen);
+    if (!state.pen) state.pen.Reset(CreatePen(PS_INSIDEFRAME, 3, RGB(0x80, 0x80, 0x80)));
+    RingDrawing drawing(state.pen.get());
     if (state.step != Idle) drawing.Draw(state.ring);
     if (++state.step == RingCount) {
         state.step = Idle;

@@ -1,5 +1,6 @@
-#include "hotkeys/hotkeys.h"
+#include "hotkeys/hotkey_storage.h"
 
+#include "hotkeys/hotkeys.h"
 #include "process/server_call.h"
 #include "settings/registry_key.h"
 #include "settings/store.h"

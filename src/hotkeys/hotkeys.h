@@ -1,4 +1,4 @@
-// Global hotkeys: the actions and what is bound to them, their storage and their registration.
+// Global hotkeys: the actions, what is bound to them, and their registration.
 #pragma once
 
 #include "common/sorted_map.h"
@@ -37,13 +37,6 @@ void RebuildHotkeyList() noexcept;
 // An action that is in the list keeps its record.
 void AddHotkey(unsigned action, const char* label) noexcept;
 void AddDesktopHotkey(DesktopId id, const char* desktopName) noexcept;
-
-// Rebuilds the list and reads the stored bindings; a binding of an action that isn't in the list is passed over.
-void LoadHotkeys() noexcept;
-// Only if the list was never loaded.
-void LoadHotkeysOnce() noexcept;
-// Nothing for a list that was never loaded.
-void SaveHotkeys() noexcept;
 
 // Only while the hooks are in; what can't be registered stays bound and is marked as refused.
 void RegisterHotkeys() noexcept;

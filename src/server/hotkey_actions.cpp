@@ -16,6 +16,7 @@ void SwitchDesktop(unsigned action) noexcept {
     if (action == NextDesktopAction) ActivateNext();
     if (action == PreviousDesktopAction) ActivatePrevious();
     if (action & DesktopActionBit) Activate(action ^ DesktopActionBit);
+    RefreshPages();
 }
 
 // Changing the order of a hung program's window would hang the server with it.

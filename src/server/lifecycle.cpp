@@ -8,6 +8,7 @@
 #include "desktops/kept_background.h"
 #include "desktops/window_switch.h"
 #include "hook/hook_procs.h"
+#include "hotkeys/hotkey_storage.h"
 #include "hotkeys/hotkeys.h"
 #include "process/broadcasts.h"
 #include "process/com.h"

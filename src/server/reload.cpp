@@ -29,18 +29,23 @@ private:
 Reading settingsReading;
 Reading desktopsReading;
 
+// In the server process both belong to the server's thread, which alone takes the lock there.
+template <typename Read>
+void ReadAgain(Reading& reading, LPARAM broadcast, Read read) noexcept {
+    if (profile.isServerProcess)
+        RunOnServerThread([&] { reading.Do(broadcast, read); });
+    else
+        reading.Do(broadcast, read);
+}
+
 }  // namespace
 
 void ReloadSettings(LPARAM broadcast) noexcept {
-    settingsReading.Do(broadcast, [] { settings.Load(); });
+    ReadAgain(settingsReading, broadcast, [] { settings.Load(); });
 }
 
 void ReloadDesktops(LPARAM broadcast) noexcept {
-    // Not within the lock: the server's thread may be waiting for it.
-    if (profile.isServerProcess)
-        RunOnServerThread([] { desktopList.Load(); });
-    else
-        desktopsReading.Do(broadcast, [] { desktopList.Load(); });
+    ReadAgain(desktopsReading, broadcast, [] { desktopList.Load(); });
 }
 
 }  // namespace halyard

@@ -45,6 +45,7 @@ LRESULT OnUnregisterHotkeys() noexcept {
 
 LRESULT OnSwitchDesktop(DesktopId id) noexcept {
     Activate(id);
+    RefreshPages();
     return 0;
 }
 

@@ -15,8 +15,6 @@ namespace halyard {
 
 namespace {
 
-constexpr int TaskbarsPage = 1;  // of the property sheet
-
 void SetCheck(HMENU menu, UINT command, bool checked) noexcept {
     MENUITEMINFOA item = {};
     item.cbSize = sizeof(item);

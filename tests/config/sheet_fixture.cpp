@@ -1,13 +1,11 @@
 #include "config/sheet_fixture.h"
 
 #include <commctrl.h>
-#include <prsht.h>
+#include <shlwapi.h>
 
 namespace halyard::test {
 
 namespace {
-
-constexpr char SheetTitle[] = "Tevral Ombrel Windows Manager";
 
 struct ControlSearch {
     int id;
@@ -20,23 +18,12 @@ BOOL CALLBACK MatchControl(HWND window, LPARAM lParam) {
     return !search.found;
 }
 
-POINT MiddleOf(HWND window) {
-    RECT place = {};
-    GetWindowRect(window, &place);
-    return {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
-}
+constexpr char BindingKey[] = "Software\\Tevral, Inc.\\Halyard\\HotKeys";
 
 }  // namespace
 
 HWND SheetTest::SheetWindow() {
-    return WindowOf(loader->Id(), SheetTitle);
-}
-
-unsigned SheetTest::CountSheets() {
-    unsigned count = 0;
-    for (HWND window : TopLevelWindows())
-        if (Describe(window).find(SheetTitle) != std::string::npos) ++count;
-    return count;
+    return WindowOf(loader->Id(), "Tevral Ombrel Windows Manager");
 }
 
 HWND SheetTest::Control(int id) {
@@ -63,8 +50,7 @@ void SheetTest::ClickControl(int id) {
     };
     // Box, button and radio button all have their mark near the left edge. A click is over when the button has given
     // the mouse back; what comes before that could take it away.
-    RECT place = {};
-    GetWindowRect(control, &place);
+    const RECT place = PlaceOf(control);
     MoveMouse({place.left + 8, (place.top + place.bottom) / 2});
     PressMouse();
     EXPECT_TRUE(Eventually(captured)) << "control " << id << " doesn't take the click";
@@ -85,12 +71,17 @@ std::string SheetTest::TextOfControl(int id) {
     return text;
 }
 
+testing::AssertionResult SheetTest::BecomesText(int id, const std::string& part) {
+    if (Eventually([&] { return TextOfControl(id).find(part) != std::string::npos; }))
+        return testing::AssertionSuccess();
+    return testing::AssertionFailure() << "\"" << TextOfControl(id) << "\" lacks \"" << part << "\"";
+}
+
 void SheetTest::Focus(int id) {
     Ask(GetParent(Control(id)), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Control(id)), TRUE);
 }
 
 void SheetTest::SelectRow(int list, int row) {
-    ASSERT_TRUE(BringToFront(SheetWindow()));
     Focus(list);
     const auto selected = [&] { return Ask(Control(list), LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED); };
     // Without a selection it depends on what the list last had which key makes one.
@@ -100,20 +91,27 @@ void SheetTest::SelectRow(int list, int row) {
             Eventually([&] { return selected() >= 0; }, 500);
         }
     // Key by key, so that none is still on its way when the row is there.
-    for (int now = static_cast<int>(selected()); now != row;) {
+    for (int now = static_cast<int>(selected()); now != row; now = static_cast<int>(selected())) {
         TapKey(now < row ? "Down" : "Up");
         ASSERT_TRUE(Eventually([&] { return selected() != now; })) << "row " << now << " stays selected, not " << row;
-        now = static_cast<int>(selected());
     }
 }
 
-void SheetTest::Press(int button, bool closes) {
-    HWND target = GetDlgItem(SheetWindow(), button);
-    Click(MiddleOf(target));
-    if (closes)
-        EXPECT_TRUE(Eventually([&] { return !SheetWindow(); })) << "the sheet is still open";
-    else
-        EXPECT_TRUE(Eventually([&] { return !CanApply(); })) << "still something to apply";
+void SheetTest::Press(int button) {
+    const RECT place = PlaceOf(GetDlgItem(SheetWindow(), button));
+    Click({(place.left + place.right) / 2, (place.top + place.bottom) / 2});
+    EXPECT_TRUE(Eventually([&] { return button == ApplyButton ? !CanApply() : !SheetWindow(); })) << button;
+}
+
+void SheetTest::StoreBinding(const std::string& action, const std::string& bytes, HKEY hive) {
+    SHSetValueA(hive, BindingKey, action.c_str(), REG_BINARY, (bytes + std::string(3, 0)).data(), 8);
+}
+
+std::string SheetTest::StoredBinding(const std::string& action) {
+    char bytes[8] = {};
+    DWORD size = sizeof(bytes);
+    if (SHGetValueA(HKEY_CURRENT_USER, BindingKey, action.c_str(), nullptr, bytes, &size)) return "missing";
+    return std::string(bytes, 5);
 }
 
 testing::AssertionResult SheetTest::DesktopBecomes(int id) {

@@ -14,31 +14,27 @@ protected:
     void OpenSheet(Page page);
     // The sheet of the running loader; null when there is none.
     HWND SheetWindow();
-    unsigned CountSheets();
     // The control of the page that shows; null when that page has none of the id.
     HWND Control(int id);
 
     void ClickControl(int id);
     // Waits until the control is, or isn't, enabled.
     testing::AssertionResult Becomes(int id, bool enabled);
-    bool IsOn(int id) { return Ask(Control(id), BM_GETCHECK) == BST_CHECKED; }
     std::string TextOfControl(int id);
+    testing::AssertionResult BecomesText(int id, const std::string& part);
     void Focus(int id);
     // Chooses the row of a list view by keys, counted from 0.
     void SelectRow(int list, int row);
 
     // OK and Cancel close the sheet, which is waited for; Apply is waited for until it has nothing more to do.
-    void PressOk() { Press(IDOK, true); }
-    void PressCancel() { Press(IDCANCEL, true); }
-    void PressApply() { Press(ApplyButton, false); }
+    void Press(int button);
     bool CanApply() { return IsWindowEnabled(GetDlgItem(SheetWindow(), ApplyButton)) != FALSE; }
-
-    static DWORD Stored(const char* value) { return NumberOr(published::ProductKey, value, 0xDEAD); }
-    testing::AssertionResult DesktopBecomes(int id);
-
-private:
     static constexpr int ApplyButton = 0x3021;
-    void Press(int button, bool closes);
+
+    // The stored binding of an action: Alt, Ctrl, Shift and Windows key, each 0 or 1, then the key's code.
+    static void StoreBinding(const std::string& action, const std::string& bytes, HKEY hive = HKEY_CURRENT_USER);
+    static std::string StoredBinding(const std::string& action);
+    testing::AssertionResult DesktopBecomes(int id);
 };
 
 }  // namespace halyard::test

@@ -1,40 +1,27 @@
 #include "hotkeys/hotkey_binding.h"
 
 #include <gtest/gtest.h>
-#include <random>
 
 namespace halyard {
 
 namespace {
 
 TEST(HotkeyBinding, StoredBytesThatAreNoBindingGiveNone) {
-    const BYTE good[8] = {1, 0, 200, 0, 0x74, 0, 0, 0};
-    const HotkeyModifiers binding = DecodeBinding(good, sizeof(good));
-    EXPECT_TRUE(IsSameBinding(binding, {1, 0, 1, 0, 0x74}));
-    const BYTE wild[8] = {1, 1, 1, 1, 0xFF, 0, 0, 0};
-    for (std::size_t size = 0; size <= sizeof(wild); ++size)
-        EXPECT_TRUE(IsSameBinding(DecodeBinding(wild, size), {})) << size;
-    std::mt19937 random(7);
-    for (int round = 0; round < 20000; ++round) {
-        BYTE bytes[12];
-        for (BYTE& byte : bytes)
-            byte = static_cast<BYTE>(random() % 3 ? random() : 0);
-        const HotkeyModifiers read = DecodeBinding(bytes, random() % 2 ? 8 : random() % 13);
-        ASSERT_LE(read.key, 254u);
-        ASSERT_LE(read.alt | read.ctrl | read.shift | read.win, 1);
+    const BYTE stored[9] = {1, 0, 200, 0, 0x74, 0, 0, 0, 0};
+    EXPECT_TRUE(IsSameBinding(DecodeBinding(stored, 8), {1, 0, 1, 0, 0x74}));
+    for (const std::size_t size : {0u, 4u, 7u, 9u})
+        EXPECT_TRUE(IsSameBinding(DecodeBinding(stored, size), {})) << size;
+    for (const BYTE high : {0, 1}) {
+        const BYTE wild[8] = {1, 1, 1, 1, 0xFF, 0, 0, high};
+        EXPECT_TRUE(IsSameBinding(DecodeBinding(wild, sizeof(wild)), {}));
     }
 }
 
-TEST(HotkeyBinding, KeysGoByTheirNames) {
-    struct Row {
-        DWORD key;
-        unsigned id;
-    };
-    constexpr Row Rows[] = {{13, 2033},  {19, 2034},  {32, 2035}, {36, 2036},  {37, 2037},  {38, 2038},  {39, 2039},
-                            {40, 2040},  {45, 2041},  {46, 2042}, {112, 2043}, {121, 2052}, {122, 2053}, {123, 0},
-                            {124, 2054}, {135, 2065}, {136, 0},   {65, 0},     {35, 0},     {41, 0},     {0, 0}};
-    for (const Row& row : Rows)
-        EXPECT_EQ(KeyNameId(row.key), row.id) << row.key;
+TEST(HotkeyBinding, NamesFollowTheKeys) {
+    for (const DWORD nameless : {0, 35, 41, 65, 123, 136})
+        EXPECT_EQ(KeyNameId(nameless), 0u) << nameless;
+    EXPECT_EQ(KeyNameId(124), KeyNameId(122) + 1) << "F12 can't be bound, and has no name";
+    EXPECT_EQ(KeyNameId(40), KeyNameId(36) + 4);
 }
 
 TEST(HotkeyBinding, BackspaceAndDeleteAloneClear) {
@@ -43,8 +30,7 @@ TEST(HotkeyBinding, BackspaceAndDeleteAloneClear) {
         for (const DWORD key : {8u, 46u, 65u}) {
             const HotkeyModifiers binding = {flag(0), flag(1), flag(2), flag(3), key};
             EXPECT_EQ(ClearsBinding(binding), key != 65 && (flags & 7) == 0) << flags << " " << key;
-            EXPECT_EQ(HasModifier(binding), flags != 0);
-            // MOD_ALT 1, MOD_CONTROL 2, MOD_SHIFT 4, MOD_WIN 8 come in the order of the flags.
+            // The platform's flags come in the same order.
             EXPECT_EQ(RegistrationModifiers(binding), static_cast<UINT>(flags));
         }
     }

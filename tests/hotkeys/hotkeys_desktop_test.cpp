@@ -1,9 +1,9 @@
 // Combinations set in the sheet, and pressed while another program has the focus.
 #include "config/sheet_fixture.h"
 
+#include <commctrl.h>
+#include <functional>
 #include <vector>
-
-#include <shlwapi.h>
 
 namespace halyard::test {
 
@@ -12,89 +12,99 @@ namespace {
 // Rows of the page: the six fixed actions, then the desktops.
 enum Row { FindCursorRow, OpenDialogRow, TopmostRow, NextRow, PreviousRow, DefaultRow, DesktopOneRow, DesktopTwoRow };
 
-constexpr char HotkeysKey[] = "Software\\Tevral, Inc.\\Halyard\\HotKeys";
-
-struct Binding {
-    BYTE alt, ctrl, shift, win;
-    DWORD key;
-};
-
-void WriteBinding(const char* action, Binding binding) {
-    SHSetValueA(HKEY_CURRENT_USER, HotkeysKey, action, REG_BINARY, &binding, sizeof(binding));
-}
-
-std::vector<DWORD> ReadBinding(const char* action) {
-    Binding binding = {};
-    DWORD size = sizeof(binding);
-    if (SHGetValueA(HKEY_CURRENT_USER, HotkeysKey, action, nullptr, &binding, &size) != ERROR_SUCCESS) return {};
-    return {binding.alt, binding.ctrl, binding.shift, binding.win, binding.key};
+std::string Binding(int key, int alt = 0, int ctrl = 1, int shift = 1, int win = 0) {
+    std::string bytes;
+    for (const int byte : {alt, ctrl, shift, win, key})
+        bytes += static_cast<char>(byte);
+    return bytes;
 }
 
 class HotkeysTest : public SheetTest {
 protected:
-    // Selects the row, presses the combination in the box or in the list, and sets it if that can be done.
-    bool SetBinding(int row, const char* keys, bool inList = false) {
+    // Chooses the row and presses the combination, in the box or in the list. `shown` is what the box shows then; empty
+    // `reason`: it can be set, and is; else the line under the box says that.
+    void Set(int row, const char* keys, const std::string& shown, const char* reason = "", bool inList = false) {
+        SCOPED_TRACE(keys);
         SelectRow(IDC_HOTKEY_LIST, row);
-        EXPECT_TRUE(Becomes(IDC_HOTKEY_BOX, true));
+        ASSERT_TRUE(Becomes(IDC_HOTKEY_BOX, true));
         if (!inList) Focus(IDC_HOTKEY_BOX);
         TapKey(keys);
-        Ask(SheetWindow(), WM_NULL);
-        if (!Eventually([&] { return IsWindowEnabled(Control(IDC_SET_HOTKEY)) != FALSE; }, 700)) return false;
-        ClickControl(IDC_SET_HOTKEY);
-        return true;
+        EXPECT_TRUE(Eventually([&] { return TextOfControl(IDC_HOTKEY_BOX) == shown; }))
+            << TextOfControl(IDC_HOTKEY_BOX);
+        ASSERT_TRUE(Becomes(IDC_SET_HOTKEY, !*reason));
+        EXPECT_TRUE(BecomesText(IDC_HOTKEY_HINT, reason));
+        EXPECT_EQ(Ask(Control(IDC_HOTKEY_LIST), LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED), row);
+        if (!*reason) ClickControl(IDC_SET_HOTKEY);
     }
 };
 
 TEST_F(HotkeysTest, AreSetShownStoredAndClear) {
-    WriteBinding("6", {0, 1, 0, 0, 'D'});
+    WriteText(DesktopKey(2), nullptr, "R&D");
+    StoreBinding("6", Binding('D', 0, 1, 0));
+    StoreBinding("1", Binding(VK_F8, 1, 1, 0));
+    ASSERT_TRUE(RegisterHotKey(nullptr, 1, MOD_ALT | MOD_CONTROL, VK_F8));
     StartLoader();
     OpenSheet(HotkeysTab);
-    EXPECT_EQ(TextOfControl(IDC_HOTKEY_BOX), "<select an action>");
-    ASSERT_TRUE(Becomes(IDC_HOTKEY_BOX, false));
+    EXPECT_TRUE(BecomesText(IDC_HOTKEY_BOX, "<select an action>") && Becomes(IDC_HOTKEY_BOX, false));
+    SelectRow(IDC_HOTKEY_LIST, FindCursorRow);
+    EXPECT_TRUE(BecomesText(IDC_HOTKEY_HINT, "Another program"));
+    UnregisterHotKey(nullptr, 1);
 
-    EXPECT_TRUE(SetBinding(NextRow, "ctrl+shift+F5"));
-    EXPECT_EQ(TextOfControl(IDC_HOTKEY_BOX), "Ctrl + Shift + F5");
-    EXPECT_TRUE(SetBinding(PreviousRow, "ctrl+alt+b", true)) << "pressed in the list";
-    EXPECT_EQ(TextOfControl(IDC_HOTKEY_BOX), "Ctrl + Alt + B");
-    EXPECT_TRUE(SetBinding(TopmostRow, "alt+F7"));
-    EXPECT_EQ(TextOfControl(IDC_HOTKEY_BOX), "Alt + F7");
-    EXPECT_TRUE(SetBinding(DesktopTwoRow, "super+ctrl+F2"));
-    EXPECT_EQ(TextOfControl(IDC_HOTKEY_BOX), "Ctrl + Window + F2");
-    EXPECT_FALSE(SetBinding(FindCursorRow, "ctrl+F12")) << "F12 can't be bound";
-    EXPECT_FALSE(SetBinding(FindCursorRow, "q")) << "a key alone is no binding";
-    EXPECT_TRUE(SetBinding(DefaultRow, "BackSpace"));
-    EXPECT_EQ(TextOfControl(IDC_HOTKEY_BOX), "None");
-    EXPECT_TRUE(SetBinding(DesktopOneRow, "ctrl+shift+F5"));
-    EXPECT_TRUE(Eventually([&] { return TextOfControl(IDC_HOTKEY_HINT).find("Next desktop") != std::string::npos; }))
-        << "two actions with one combination aren't pointed out: " << TextOfControl(IDC_HOTKEY_HINT);
-    EXPECT_TRUE(SetBinding(DesktopOneRow, "Delete"));
-    EXPECT_EQ(ReadBinding("6"), (std::vector<DWORD>{0, 1, 0, 0, 'D'})) << "nothing is written before Apply";
-    PressOk();
-
-    EXPECT_EQ(ReadBinding("4"), (std::vector<DWORD>{0, 1, 1, 0, VK_F5}));
-    EXPECT_EQ(ReadBinding("5"), (std::vector<DWORD>{1, 1, 0, 0, 'B'}));
-    EXPECT_EQ(ReadBinding("3"), (std::vector<DWORD>{1, 0, 0, 0, VK_F7}));
-    EXPECT_EQ(ReadBinding("1073741826"), (std::vector<DWORD>{0, 1, 0, 1, VK_F2}));
-    EXPECT_EQ(ReadBinding("6")[4], 0u);
-    EXPECT_EQ(ReadBinding("1073741825")[4], 0u);
+    Set(NextRow, "ctrl+alt+Down", "Ctrl + Alt + Down");
+    Set(PreviousRow, "ctrl+alt+Up", "Ctrl + Alt + Up", "", true);
+    Set(TopmostRow, "alt+a", "Alt + A");  // the letter of Apply, too
+    EXPECT_TRUE(CanApply());
+    Set(DesktopTwoRow, "super+ctrl+F2", "Ctrl + Window + F2");
+    Set(DesktopOneRow, "super+ctrl+F2", "Ctrl + Window + F2", "Desktop 'R&D'");
+    Set(FindCursorRow, "ctrl+F12", "Ctrl + ", "This key");
+    Set(FindCursorRow, "q", "Q", "needs");
+    Set(DefaultRow, "BackSpace", "None");
+    EXPECT_EQ(StoredBinding("6"), Binding('D', 0, 1, 0)) << "nothing is written before Apply";
+    Press(ApplyButton);
+    EXPECT_EQ(StoredBinding("4"), Binding(VK_DOWN, 1, 1, 0));
+    EXPECT_EQ(StoredBinding("5"), Binding(VK_UP, 1, 1, 0));
+    EXPECT_EQ(StoredBinding("3"), Binding('A', 1, 0, 0));
+    EXPECT_EQ(StoredBinding("1073741826"), Binding(VK_F2, 0, 1, 0, 1));
+    EXPECT_EQ(StoredBinding("6")[4], 0);
 
     // Set but not applied, a combination is dropped by Cancel.
+    Set(DesktopOneRow, "ctrl+F9", "Ctrl + F9");
+    Press(IDCANCEL);
+    EXPECT_EQ(StoredBinding("1073741825")[4], 0);
     OpenSheet(HotkeysTab);
-    EXPECT_TRUE(SetBinding(FindCursorRow, "ctrl+F9"));
-    PressCancel();
-    OpenSheet(HotkeysTab);
-    SelectRow(IDC_HOTKEY_LIST, FindCursorRow);
+    SelectRow(IDC_HOTKEY_LIST, DesktopOneRow);
     EXPECT_EQ(TextOfControl(IDC_HOTKEY_BOX), "");
-    PressCancel();
+}
+
+TEST_F(HotkeysTest, RestWhileTheirPageShowsAndWorkAfterIt) {
+    StoreBinding("4", Binding(VK_F4));
+    StartLoader();
+    const std::function<void()> roads[] = {[&] { OpenSheet(WindowsTab); }, [&] { Press(IDCANCEL); },
+                                           [&] { Press(IDOK); }};
+    for (const auto& leave : roads) {
+        OpenSheet(HotkeysTab);
+        SelectRow(IDC_HOTKEY_LIST, OpenDialogRow);
+        Set(FindCursorRow, "ctrl+shift+F4", "Ctrl + Shift + F4", "Next desktop");
+        Loader("--disable --enable");
+        Set(DefaultRow, "Delete", "None");
+        Press(ApplyButton);
+        Set(FindCursorRow, "ctrl+shift+F4", "Ctrl + Shift + F4", "Next desktop");
+        EXPECT_TRUE(DesktopBecomes(0));
+        leave();
+        if (!SheetWindow()) {
+            ASSERT_TRUE(BringToFront(OpenFrame("Typed into").window));
+        }
+        TapKey("ctrl+shift+F4");
+        EXPECT_TRUE(DesktopBecomes(1));
+        Switch(0);
+    }
 }
 
 TEST_F(HotkeysTest, RunTheirActionsWhileAnotherProgramHasTheFocus) {
-    const struct {
-        const char* action;
-        DWORD key;
-    } bindings[] = {{"2", VK_F2}, {"3", VK_F3}, {"4", VK_F4}, {"5", VK_F5}, {"6", VK_F6}, {"1073741826", VK_F7}};
-    for (const auto& row : bindings)
-        WriteBinding(row.action, {0, 1, 1, 0, row.key});
+    const std::pair<const char*, int> bindings[] = {{"2", VK_F2}, {"3", VK_F3}, {"4", VK_F4},
+                                                    {"5", VK_F5}, {"6", VK_F6}, {"1073741826", VK_F7}};
+    for (const auto& [action, key] : bindings)
+        StoreBinding(action, Binding(key));
     StartLoader();
     const Sample notepad = OpenNotepad();
     ASSERT_TRUE(WindowsBecome(0, 1));
@@ -105,10 +115,11 @@ TEST_F(HotkeysTest, RunTheirActionsWhileAnotherProgramHasTheFocus) {
         TapKey(std::string("ctrl+shift+") + key);
         ASSERT_TRUE(DesktopBecomes(desktop)) << "after " << key;
     }
-    const auto isTopmost = [&] { return (GetWindowLongA(notepad.window, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0; };
-    for (const bool topmost : {true, false}) {
+    for (const LONG topmost : {WS_EX_TOPMOST, 0L}) {
         TapKey("ctrl+shift+F3");
-        EXPECT_TRUE(Eventually([&] { return isTopmost() == topmost; })) << Describe(notepad.window);
+        EXPECT_TRUE(Eventually([&] {
+            return (GetWindowLongA(notepad.window, GWL_EXSTYLE) & WS_EX_TOPMOST) == topmost;
+        })) << Describe(notepad.window);
     }
     // With desktops off the switches do nothing, the others work.
     WriteNumber(published::ProductKey, "MultiDesk", 0);
@@ -118,18 +129,6 @@ TEST_F(HotkeysTest, RunTheirActionsWhileAnotherProgramHasTheFocus) {
     TapKey("ctrl+shift+F2");
     EXPECT_TRUE(Eventually([&] { return SheetWindow() != nullptr; })) << "the dialog doesn't open";
     EXPECT_TRUE(DesktopBecomes(0));
-}
-
-TEST_F(HotkeysTest, ThatAnotherProgramHoldsAreExplained) {
-    WriteBinding("4", {1, 1, 0, 0, VK_F8});
-    ASSERT_TRUE(RegisterHotKey(nullptr, 1, MOD_ALT | MOD_CONTROL, VK_F8));
-    StartLoader();
-    OpenSheet(HotkeysTab);
-    SelectRow(IDC_HOTKEY_LIST, NextRow);
-    EXPECT_TRUE(Eventually([&] { return TextOfControl(IDC_HOTKEY_HINT).find("Another program") != std::string::npos; }))
-        << TextOfControl(IDC_HOTKEY_HINT);
-    UnregisterHotKey(nullptr, 1);
-    PressCancel();
 }
 
 // The pixels on two lines through the cursor, which the rings cross.
@@ -145,7 +144,7 @@ std::vector<COLORREF> Surroundings() {
 }
 
 TEST_F(HotkeysTest, FindTheCursorAndLeaveNoPixelBehind) {
-    WriteBinding("1", {0, 1, 1, 0, VK_F9});
+    StoreBinding("1", Binding(VK_F9));
     StartLoader();
     const Sample sample = OpenSample("Under the rings", "--at 200,100,500,450");
     ASSERT_TRUE(WindowsBecome(0, 1));

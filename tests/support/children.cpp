@@ -78,14 +78,16 @@ Children::~Children() {
     CloseHandle(job);
 }
 
-Child* Children::Launch(const std::string& commandLine, STARTUPINFOA& startup) {
+Child* Children::Launch(const std::string& commandLine, STARTUPINFOA& startup, HANDLE user) {
     startup.cb = sizeof(startup);
     PROCESS_INFORMATION made = {};
     std::string line = commandLine;
     const bool redirected = (startup.dwFlags & STARTF_USESTDHANDLES) != 0;
-    if (!CreateProcessA(nullptr, line.data(), nullptr, nullptr, redirected, CREATE_SUSPENDED, nullptr, nullptr,
-                        &startup, &made))
-        return nullptr;
+    const BOOL began = user ? CreateProcessAsUserA(user, nullptr, line.data(), nullptr, nullptr, redirected,
+                                                   CREATE_SUSPENDED, nullptr, nullptr, &startup, &made)
+                            : CreateProcessA(nullptr, line.data(), nullptr, nullptr, redirected, CREATE_SUSPENDED,
+                                             nullptr, nullptr, &startup, &made);
+    if (!began) return nullptr;
     AssignProcessToJobObject(job, made.hProcess);
     ResumeThread(made.hThread);
     CloseHandle(made.hThread);
@@ -95,6 +97,22 @@ Child* Children::Launch(const std::string& commandLine, STARTUPINFOA& startup) {
 Child* Children::Start(const std::string& commandLine) {
     STARTUPINFOA startup = {};
     return Launch(commandLine, startup);
+}
+
+Child* Children::StartAsOrdinaryUser(const std::string& commandLine) {
+    alignas(DWORD) BYTE room[SECURITY_MAX_SID_SIZE];
+    DWORD size = sizeof(room);
+    SID_AND_ATTRIBUTES administrators = {room, 0};
+    CreateWellKnownSid(WinBuiltinAdministratorsSid, nullptr, room, &size);
+    HANDLE own = nullptr;
+    HANDLE lesser = nullptr;
+    OpenProcessToken(GetCurrentProcess(), TOKEN_ALL_ACCESS, &own);
+    CreateRestrictedToken(own, 0, 1, &administrators, 0, nullptr, 0, nullptr, &lesser);
+    STARTUPINFOA startup = {};
+    Child* child = Launch(commandLine, startup, lesser);
+    CloseHandle(lesser);
+    CloseHandle(own);
+    return child;
 }
 
 Output Children::Run(const std::string& commandLine) {

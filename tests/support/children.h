@@ -44,6 +44,8 @@ public:
 
     // Null where it can't be started. The record lives as long as this object.
     Child* Start(const std::string& commandLine);
+    // The program runs without the rights of an administrator.
+    Child* StartAsOrdinaryUser(const std::string& commandLine);
     // Runs the program to its end, at most 15 s.
     Output Run(const std::string& commandLine);
     void EndAll();
@@ -51,7 +53,7 @@ public:
     unsigned CountRunning() const;
 
 private:
-    Child* Launch(const std::string& commandLine, STARTUPINFOA& startup);
+    Child* Launch(const std::string& commandLine, STARTUPINFOA& startup, HANDLE user = nullptr);
 
     HANDLE job;
     std::list<Child> started;
