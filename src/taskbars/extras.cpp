@@ -20,6 +20,8 @@ bool StartExtras() noexcept {
     InitCommonControls();
     InstallTrayHook();
     ReadPrimaryTaskbarRect();
+    // While the shell made its objects, an order to turn everything off may have come in.
+    if (!HooksInstalled()) RemoveTrayHook();
     RefreshExtras();
     return true;
 }

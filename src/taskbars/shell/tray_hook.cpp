@@ -17,7 +17,7 @@ namespace halyard {
 
 namespace {
 
-constexpr DWORD AnswerTimeout = 5000;   // ms
+constexpr DWORD AnswerTimeout = 1000;   // ms; a switch of desktops may be waiting for this thread
 constexpr DWORD SilencePeriod = 30000;  // ms for which a shell that let that time pass isn't asked again
 constexpr DWORD MostTabs = 4096;        // that are read, whatever the shell says
 
@@ -26,7 +26,8 @@ struct Shell {
     unsigned scans = 0;     // that are under way
     bool isSilent = false;  // it has let a question go unanswered,
     DWORD silentSince = 0;  // at this time
-    bool isRead = false;    // its list is in `order`
+    bool isReading = false;
+    bool isRead = false;  // its list is in `order`
     Row<HWND> order;
 };
 
@@ -91,22 +92,28 @@ std::optional<DWORD> AskTray(UINT message, WPARAM wParam) noexcept {
     return TrayAnswer();
 }
 
-// Whether `order` has the list for the present scan. Each question costs the time that the shell needs to come round to
-// it, which a question for every pair of windows would make long.
-bool ReadOrder() noexcept {
-    if (shell.scans == 0 || shell.isRead) return shell.isRead;
+// False when the shell stops answering.
+bool ReadWholeList() noexcept {
     for (DWORD index = 0; index < MostTabs; ++index) {
         const std::optional<DWORD> window = AskTray(TM_WINDOW_AT, index);
-        if (!window) {
-            shell.order.Clear();
-            return false;
-        }
+        if (!window) return false;
         if (*window == NotInTray) break;
         // An item without a window keeps its place: it is nobody's, and so never counted.
         shell.order.Add(HandleFromBits<HWND>(*window));
     }
-    shell.isRead = true;
     return true;
+}
+
+// Whether `order` has the list for the present scan. Each question costs the time that the shell needs to come round to
+// it, which a question for every pair of windows would make long.
+bool ReadOrder() noexcept {
+    // A message that comes in during the reading finds no order, and must not begin another one.
+    if (shell.scans == 0 || shell.isRead || shell.isReading) return shell.isRead;
+    shell.isReading = true;
+    shell.isRead = ReadWholeList();
+    shell.isReading = false;
+    if (!shell.isRead) shell.order.Clear();
+    return shell.isRead;
 }
 
 }  // namespace
