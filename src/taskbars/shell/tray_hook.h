@@ -17,8 +17,8 @@ void RemoveTrayHook() noexcept;
 
 // What the primary taskbar has, as it was read for the present scan: the index of a window in its list, empty where it
 // doesn't have the window or doesn't tell; the window at an index, null after the end and for an item without one. The
-// first question of a scan asks the shell and waits at most 1 s for each answer, while sent messages are let in. Outside
-// of a scan the shell isn't asked.
+// first question of a scan asks the shell and waits at most 1 s for each answer, while sent messages are let in.
+// Outside of a scan the shell isn't asked.
 std::optional<DWORD> TrayIndexOf(HWND window) noexcept;
 HWND TrayWindowAt(DWORD index) noexcept;
 
