@@ -83,7 +83,18 @@ void OnHotkey(ATOM id) noexcept {
     RegisterHotKey(state.mirrorManager, id, reverse ? ReverseKeys : ForwardKeys, VK_TAB);
 }
 
+// The real window isn't told: what it shows is the user's to choose from.
+void DropMirrors() noexcept {
+    KillTimer(state.mirrorManager, AltTimer);
+    state.switchWindow = nullptr;
+    for (HWND mirror : state.mirrors)
+        PostMessageA(mirror, WM_CLOSE, 0, 0);
+    state.mirrors.Clear();
+}
+
 LRESULT CALLBACK MirrorManagerWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    // It ends with the mirror only; any program could close it else.
+    if (message == WM_CLOSE) return 0;
     if (message == WM_HOTKEY) {
         const auto id = static_cast<ATOM>(wParam);
         if (id && (id == state.forwardAtom || id == state.reverseAtom)) OnHotkey(id);
@@ -147,7 +158,7 @@ void StartMirror() noexcept {
 
 void StopMirror() noexcept {
     if (state.mirrorManager) {
-        HideMirrors();
+        DropMirrors();
         UnregisterHotKey(state.mirrorManager, state.forwardAtom);
         UnregisterHotKey(state.mirrorManager, state.reverseAtom);
         DestroyWindow(state.mirrorManager);
@@ -158,12 +169,8 @@ void StopMirror() noexcept {
 }
 
 void HideMirrors() noexcept {
-    KillTimer(state.mirrorManager, AltTimer);
     if (state.switchWindow) PostMessageA(state.switchWindow, WM_CLOSE, 0, 0);
-    state.switchWindow = nullptr;
-    for (HWND mirror : state.mirrors)
-        PostMessageA(mirror, WM_CLOSE, 0, 0);
-    state.mirrors.Clear();
+    DropMirrors();
 }
 
 }  // namespace halyard

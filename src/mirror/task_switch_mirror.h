@@ -7,7 +7,7 @@ namespace halyard {
 // Catches Alt+Tab and Alt+Shift+Tab from now on; starts anew where it had been started. Without its window, or with
 // keys that another program holds, nothing is mirrored, silently.
 void StartMirror() noexcept;
-// Safe when stopped.
+// The mirrors go, and the system's own window stays as it is. Safe when stopped.
 void StopMirror() noexcept;
 
 // Ends a task switch: the mirrors go, and the real window is told to.

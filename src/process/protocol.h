@@ -38,7 +38,7 @@ enum ServerMessage : UINT {
 // process. The hook there answers through the shared section, then signals and closes the event.
 enum TrayMessage : UINT {
     TM_FIND_WINDOW = 1144,  // wParam: window. Answer: its index in the list
-    TM_WINDOW_AT = 1145,    // wParam: index. Answer: the window
+    TM_WINDOW_AT = 1145,    // wParam: index. Answer: the window, or 0 for an item without one
 };
 inline constexpr DWORD NotInTray = static_cast<DWORD>(-1);  // the answer when there is no such window or index
 

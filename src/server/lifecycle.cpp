@@ -52,8 +52,9 @@ void StopServer() noexcept {
 void TurnOn() noexcept {
     if (!profile.isServerProcess) return;
     InstallHooks();
-    StartExtras();
+    // Before the extras, which let messages in: an order to turn off that comes then has the last word.
     settings.SetRun(true);
+    StartExtras();
 }
 
 void TurnOff() noexcept {

@@ -20,6 +20,8 @@ bool StartExtras() noexcept {
     InitCommonControls();
     InstallTrayHook();
     ReadPrimaryTaskbarRect();
+    // While the shell made its objects, an order to turn everything off may have come in.
+    if (!HooksInstalled()) RemoveTrayHook();
     RefreshExtras();
     return true;
 }
@@ -33,16 +35,18 @@ void StopExtras() noexcept {
 }
 
 void RefreshExtras() noexcept {
-    if (HooksInstalled() && settings.TaskbarsEnable()) {
+    const bool hasExtras = HooksInstalled();
+    if (hasExtras && settings.TaskswitchMirrorEnable())
+        StartMirror();
+    else
+        StopMirror();
+    // Last, since it may wait for the shell and let messages in meanwhile: one of them may turn everything off.
+    if (hasExtras && settings.TaskbarsEnable()) {
         SyncDisplays();
         FillTaskbars();
     } else {
         DestroyAllTaskbars();
     }
-    if (settings.TaskswitchMirrorEnable())
-        StartMirror();
-    else
-        StopMirror();
 }
 
 }  // namespace halyard

@@ -28,14 +28,14 @@ unsigned IndexOf(const SecondaryTaskbar& bar, HWND window) noexcept {
     return index;
 }
 
-// How many of the windows ahead of this one on the primary taskbar this bar shows, too: it stands behind them here. -1:
-// the primary taskbar doesn't have it.
+// How many of the windows ahead of this one on the primary taskbar this bar shows, too: it stands after them here. -1,
+// the end of the bar, where the primary taskbar doesn't have the window or doesn't tell.
 int PlaceAmongAll(const SecondaryTaskbar& bar, HWND window) noexcept {
-    const DWORD index = TrayIndexOf(window);
-    if (index == NotInTray) return -1;
-    int place = static_cast<int>(index);
-    for (DWORD ahead = 0; ahead < index; ++ahead)
-        if (!FindButton(bar, TrayWindowAt(ahead))) --place;
+    const std::optional<DWORD> index = TrayIndexOf(window);
+    if (!index) return -1;
+    int place = 0;
+    for (DWORD ahead = 0; ahead < *index; ++ahead)
+        if (FindButton(bar, TrayWindowAt(ahead))) ++place;
     return place;
 }
 

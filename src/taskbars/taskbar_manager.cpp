@@ -46,11 +46,16 @@ BOOL CALLBACK SyncDisplay(HMONITOR display, HDC, RECT*, LPARAM counter) noexcept
     return TRUE;
 }
 
-BOOL CALLBACK ScanForBar(HWND window, LPARAM target) noexcept {
-    auto* bar = reinterpret_cast<SecondaryTaskbar*>(target);
-    if (!IsLive(bar)) return FALSE;
-    ScanWindow(window, *bar);
+BOOL CALLBACK Collect(HWND window, LPARAM windows) noexcept {
+    reinterpret_cast<Row<HWND>*>(windows)->Add(window);
     return TRUE;
+}
+
+// From the back to the front: a window that came later is in front of earlier ones as a rule, and gets a later button
+// where the shell doesn't tell the order.
+void FillTaskbar(SecondaryTaskbar& bar, const Row<HWND>& windows) noexcept {
+    for (unsigned left = windows.Count(); left > 0 && IsLive(&bar); --left)
+        ScanWindow(windows.At(left - 1), bar);
 }
 
 }  // namespace
@@ -63,8 +68,10 @@ void SyncDisplays() noexcept {
 
 void FillTaskbars() noexcept {
     const TrayScan scan;
+    Row<HWND> windows;
+    EnumWindows(Collect, reinterpret_cast<LPARAM>(&windows));
     for (unsigned index = 0; index < TaskbarCount(); ++index)
-        EnumWindows(ScanForBar, reinterpret_cast<LPARAM>(&TaskbarAt(index)));
+        FillTaskbar(TaskbarAt(index), windows);
 }
 
 }  // namespace halyard

@@ -108,16 +108,16 @@ TEST_F(TaskListTest, ButtonsActivateMinimiseAndRestoreByClick) {
     // A window that was active before the bar came isn't marked until it is activated again.
     ASSERT_TRUE(BringToFront(one.window));
     ASSERT_TRUE(BringToFront(two.window));
-    ASSERT_TRUE(Shows(2, {"*Two", "One"}));
+    ASSERT_TRUE(Shows(2, {"One", "*Two"}));
     Click(ButtonPlace(2, "One"));
     EXPECT_TRUE(Eventually([&] { return GetForegroundWindow() == one.window; })) << Describe(GetForegroundWindow());
-    EXPECT_TRUE(Shows(2, {"Two", "*One"}));
+    EXPECT_TRUE(Shows(2, {"*One", "Two"}));
     Click(ButtonPlace(2, "One"));
     EXPECT_TRUE(Eventually([&] { return IsIconic(one.window) != FALSE; }));
     EXPECT_FALSE(IsIconic(two.window));
     Click(ButtonPlace(2, "One"));
     EXPECT_TRUE(Eventually([&] { return !IsIconic(one.window) && GetForegroundWindow() == one.window; }));
-    EXPECT_TRUE(Shows(2, {"Two", "*One"}));
+    EXPECT_TRUE(Shows(2, {"*One", "Two"}));
 
     // Where a window is minimised to, in all-tasks mode on its own display only.
     RECT place = {};

@@ -3,6 +3,7 @@
 #include "common/handles.h"
 #include "common/row.h"
 #include "process/com.h"
+#include "process/failures.h"
 #include "process/profile.h"
 #include "process/protocol.h"
 #include "process/shared_section.h"
@@ -10,19 +11,23 @@
 
 #include <commctrl.h>
 #include <initializer_list>
+#include <optional>
 
 namespace halyard {
 
 namespace {
 
-constexpr DWORD AnswerTimeout = 5000;  // ms
-constexpr DWORD MostTabs = 4096;       // that are read, whatever the shell says
+constexpr DWORD AnswerTimeout = 1000;   // ms; a switch of desktops may be waiting for this thread
+constexpr DWORD SilencePeriod = 30000;  // ms for which a shell that let that time pass isn't asked again
+constexpr DWORD MostTabs = 4096;        // that are read, whatever the shell says
 
 // On the server's thread.
 struct Shell {
     unsigned scans = 0;     // that are under way
-    bool isSilent = false;  // it let a question of the present scan go unanswered
-    bool isRead = false;    // its list is in `order`
+    bool isSilent = false;  // it has let a question go unanswered,
+    DWORD silentSince = 0;  // at this time
+    bool isReading = false;
+    bool isRead = false;  // its list is in `order`
     Row<HWND> order;
 };
 
@@ -64,36 +69,51 @@ HANDLE HandleInProcess(HANDLE process, HANDLE own) noexcept {
     return duplicate;
 }
 
-// The answer to one of TrayMessage; 0 when it couldn't be had.
-DWORD AskTray(UINT message, WPARAM wParam) noexcept {
+bool IsSilent() noexcept {
+    return shell.isSilent && GetTickCount() - shell.silentSince < SilencePeriod;
+}
+
+// The answer to one of TrayMessage; empty when it couldn't be had.
+std::optional<DWORD> AskTray(UINT message, WPARAM wParam) noexcept {
     HWND list = TrayListWindow();
-    if (!list || shell.isSilent) return 0;
+    if (!list || !TrayHook() || IsSilent()) return {};
     DWORD processId = 0;
     GetWindowThreadProcessId(list, &processId);
     const KernelHandle process(OpenProcess(PROCESS_DUP_HANDLE, FALSE, processId));
     const KernelHandle answered(CreateEventA(nullptr, FALSE, FALSE, nullptr));
-    if (!process || !answered) return 0;
+    if (!process || !answered) return {};
     HANDLE duplicate = HandleInProcess(process.get(), answered.get());
-    if (!duplicate) return 0;
+    if (!duplicate) return {};
     // The duplicate is the hook's to close from here on.
-    if (PostMessageA(list, message, wParam, reinterpret_cast<LPARAM>(duplicate)) && WaitForAnswer(answered.get()))
-        return TrayAnswer();
-    shell.isSilent = shell.scans > 0;
-    return 0;
+    shell.isSilent =
+        !PostMessageA(list, message, wParam, reinterpret_cast<LPARAM>(duplicate)) || !WaitForAnswer(answered.get());
+    shell.silentSince = GetTickCount();
+    if (shell.isSilent) return {};
+    return TrayAnswer();
+}
+
+// False when the shell stops answering.
+bool ReadWholeList() noexcept {
+    for (DWORD index = 0; index < MostTabs; ++index) {
+        const std::optional<DWORD> window = AskTray(TM_WINDOW_AT, index);
+        if (!window) return false;
+        if (*window == NotInTray) break;
+        // An item without a window keeps its place: it is nobody's, and so never counted.
+        shell.order.Add(HandleFromBits<HWND>(*window));
+    }
+    return true;
 }
 
 // Whether `order` has the list for the present scan. Each question costs the time that the shell needs to come round to
 // it, which a question for every pair of windows would make long.
 bool ReadOrder() noexcept {
-    if (shell.scans == 0 || shell.isRead) return shell.isRead;
-    for (DWORD index = 0; index < MostTabs; ++index) {
-        const DWORD window = AskTray(TM_WINDOW_AT, index);
-        if (window == NotInTray) break;
-        if (window == 0) return false;
-        shell.order.Add(HandleFromBits<HWND>(window));
-    }
-    shell.isRead = true;
-    return true;
+    // A message that comes in during the reading finds no order, and must not begin another one.
+    if (shell.scans == 0 || shell.isRead || shell.isReading) return shell.isRead;
+    shell.isReading = true;
+    shell.isRead = ReadWholeList();
+    shell.isReading = false;
+    if (!shell.isRead) shell.order.Clear();
+    return shell.isRead;
 }
 
 }  // namespace
@@ -103,11 +123,16 @@ bool InstallTrayHook() noexcept {
     BindCom();
     if (!CreateTaskbarList()) return false;
     HWND tray = TrayWindow();
+    if (!tray) return false;
+    shell.isSilent = false;  // it may be another one
+    // A list of another kind can't be read; its taskbar is kept from windows of others all the same.
     SetTrayListWindow(FindTrayList(tray));
-    // Without a task list there is nothing to be asked nor to be kept from anything.
-    if (!TrayListWindow()) return false;
     SetTrayHook(SetWindowsHookExA(WH_GETMESSAGE, TrayHookProc, profile.moduleInstance,
                                   GetWindowThreadProcessId(tray, nullptr)));
+    if (!TrayHook()) {
+        KeepFailure("the hook in the shell");
+        return false;
+    }
     Wake(tray);
     return true;
 }
@@ -119,17 +144,15 @@ void RemoveTrayHook() noexcept {
     SetTrayHook(nullptr);
 }
 
-DWORD TrayIndexOf(HWND window) noexcept {
-    if (!ReadOrder()) return AskTray(TM_FIND_WINDOW, reinterpret_cast<WPARAM>(window));
-    for (unsigned index = 0; index < shell.order.Count(); ++index)
-        if (shell.order.At(index) == window) return index;
-    return NotInTray;
+std::optional<DWORD> TrayIndexOf(HWND window) noexcept {
+    if (!ReadOrder()) return {};
+    const unsigned index = shell.order.IndexOf(window);
+    if (index == shell.order.Count()) return {};
+    return index;
 }
 
 HWND TrayWindowAt(DWORD index) noexcept {
-    if (ReadOrder()) return index < shell.order.Count() ? shell.order.At(index) : nullptr;
-    const DWORD window = AskTray(TM_WINDOW_AT, index);
-    return window == NotInTray ? nullptr : HandleFromBits<HWND>(window);
+    return index < shell.order.Count() ? shell.order.At(index) : nullptr;
 }
 
 TrayScan::TrayScan() noexcept {
@@ -138,7 +161,6 @@ TrayScan::TrayScan() noexcept {
 
 TrayScan::~TrayScan() {
     if (--shell.scans > 0) return;
-    shell.isSilent = false;
     shell.isRead = false;
     shell.order.Clear();
 }

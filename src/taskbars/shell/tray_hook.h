@@ -4,21 +4,25 @@
 
 #include "common/win_types.h"
 
+#include <optional>
+
 namespace halyard {
 
 // The next three on the server's thread.
 
-// Sets the hook, or sets it anew, and makes the shell's objects anew. False without a shell, or without its objects.
+// Sets the hook, or sets it anew, and makes the shell's objects anew. False without a shell, or without its objects; a
+// hook that can't be set is kept as a failure.
 bool InstallTrayHook() noexcept;
 void RemoveTrayHook() noexcept;
 
-// What the primary taskbar has: the index of a window in its list, or `NotInTray`; the window at an index, null behind
-// the end. Each asks the shell, and gives 0 when it has no answer. Waits at most 5 s, in which sent messages are let
-// in.
-DWORD TrayIndexOf(HWND window) noexcept;
+// What the primary taskbar has, as it was read for the present scan: the index of a window in its list, empty where it
+// doesn't have the window or doesn't tell; the window at an index, null after the end and for an item without one. The
+// first question of a scan asks the shell and waits at most 1 s for each answer, while sent messages are let in.
+// Outside of a scan the shell isn't asked.
+std::optional<DWORD> TrayIndexOf(HWND window) noexcept;
 HWND TrayWindowAt(DWORD index) noexcept;
 
-// As long as there is one, the list is read once for all questions, and a shell without an answer is waited for once.
+// A walk over all windows. A shell that has let a question go unanswered isn't asked again for 30 s.
 class TrayScan {
 public:
     TrayScan() noexcept;

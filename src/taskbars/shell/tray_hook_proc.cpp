@@ -14,11 +14,13 @@ namespace {
 constexpr WPARAM EventCode = 0x7FFF;  // without the flag that some events carry
 constexpr UINT ServerTimeout = 2000;  // ms that the shell waits for the server at most
 
+constexpr DWORD WithoutWindow = 0;  // an item that can't be read or stands for no window, as the head of a group
+
 // The item's window is its number.
 DWORD ReadTab(HWND list, WPARAM index) noexcept {
     TCITEMA item = {};
     item.mask = TCIF_PARAM;
-    if (!SendMessageA(list, TCM_GETITEMA, index, reinterpret_cast<LPARAM>(&item))) return NotInTray;
+    if (!SendMessageA(list, TCM_GETITEMA, index, reinterpret_cast<LPARAM>(&item))) return WithoutWindow;
     return static_cast<DWORD>(item.lParam);
 }
 
@@ -27,21 +29,27 @@ DWORD ReadToolbarItem(HWND list, WPARAM index) noexcept {
     TBBUTTONINFOW item = {};
     item.cbSize = sizeof(item);
     item.dwMask = TBIF_BYINDEX | TBIF_LPARAM;
-    if (SendMessageA(list, TB_GETBUTTONINFOW, index, reinterpret_cast<LPARAM>(&item)) == -1) return NotInTray;
+    if (SendMessageA(list, TB_GETBUTTONINFOW, index, reinterpret_cast<LPARAM>(&item)) == -1) return WithoutWindow;
     const auto* record = reinterpret_cast<const DWORD*>(item.lParam);
-    return record ? *record : NotInTray;
+    return record ? *record : WithoutWindow;
+}
+
+WPARAM CountOf(HWND list) noexcept {
+    const LRESULT count =
+        list ? SendMessageA(list, profile.isWindows2000 ? TCM_GETITEMCOUNT : TB_BUTTONCOUNT, 0, 0) : 0;
+    return count > 0 ? static_cast<WPARAM>(count) : 0;
 }
 
 DWORD WindowAt(HWND list, WPARAM index) noexcept {
-    if (!list) return NotInTray;
+    if (index >= CountOf(list)) return NotInTray;
     return profile.isWindows2000 ? ReadTab(list, index) : ReadToolbarItem(list, index);
 }
 
 // A tab control may list a window more than once; the last one is it.
 DWORD FindInList(HWND list, DWORD window) noexcept {
-    const LRESULT count = SendMessageA(list, profile.isWindows2000 ? TCM_GETITEMCOUNT : TB_BUTTONCOUNT, 0, 0);
+    const WPARAM count = CountOf(list);
     DWORD found = NotInTray;
-    for (DWORD index = 0; static_cast<LRESULT>(index) < count; ++index) {
+    for (DWORD index = 0; window != WithoutWindow && index < count; ++index) {
         if (WindowAt(list, index) != window) continue;
         found = index;
         if (!profile.isWindows2000) break;
