@@ -31,6 +31,7 @@ struct RepairState {
     KeyRow late;  // left out by the last repair
     WindowKey front = 0;
     unsigned number = 0;
+    unsigned keeperTurn = 0;  // at the switch that the order is for
     bool due = false;
     bool running = false;
 };
@@ -67,7 +68,7 @@ void Finish(const Job& job, KeyRow late) noexcept {
     if (job.number != repair.number) return;
     repair.due = false;
     repair.late = std::move(late);
-    LowerKeeperSoon();
+    LowerKeeperSoon(repair.keeperTurn);
 }
 
 struct Listing {
@@ -231,7 +232,7 @@ void Order(Change change) noexcept {
     const Guard guard(repair.lock.Section());
     repair.due = false;
     repair.running = false;
-    LowerKeeperSoon();
+    LowerKeeperSoon(repair.keeperTurn);
 }
 
 }  // namespace
@@ -242,6 +243,7 @@ void RepairOrder(const KeyRow& wanted, WindowKey front) noexcept {
         repair.arrived.Clear();
         repair.late.Clear();
         repair.front = front;
+        repair.keeperTurn = KeeperTurn();
         return true;
     });
 }
