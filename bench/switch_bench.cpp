@@ -1,9 +1,10 @@
 // How long the windows of ten programs take to follow a switch to another desktop, and the switch back, against a bare
-// loop of ShowWindowAsync over the same windows without the product. All through the loader, with the hooks in. Lines of
+// loop of ShowWindowAsync over the same windows without the product. All through the loader, with the hooks in. Lines
+// of
 //   CASE WINDOWS HUNG AWAY BACK
 // with the number of windows, how many more belong to a program that hangs, and the microseconds until the last window
-// has followed; the cases are bare and switch, measured by turns. With the argument "typed", while somebody presses keys
-// all the time, lines of
+// has followed; the cases are bare and switch, measured by turns. With the argument "typed", while somebody presses
+// keys all the time, lines of
 //   typed WINDOWS HUNG MICROSECONDS
 // until the first key has reached a window of the desktop that was switched to.
 #include "bench/clock.h"
@@ -170,9 +171,10 @@ bool MeasureTyped(unsigned windowCount, bool withHung, unsigned rounds) {
 int RunAll(bool typed) {
     bool good = StartProduct();
     if (typed)
-        good = good && MeasureTyped(10, false, 9) && MeasureTyped(100, false, 7);
+        good = good && MeasureTyped(10, false, 9) && MeasureTyped(100, false, 7) && MeasureTyped(100, true, 7);
     else
-        good = good && Measure(10, false, 9) && Measure(10, false, 15);
+        good =
+            good && Measure(10, false, 9) && Measure(100, false, 7) && Measure(100, true, 5) && Measure(1000, false, 3);
     PostMessageA(FindWindowA(LoaderClass, nullptr), WM_CLOSE, 0, 0);
     if (!good) std::fputs("switch_bench: the windows didn't follow\n", stderr);
     return good ? 0 : 1;

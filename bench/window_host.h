@@ -9,9 +9,9 @@ namespace halyard::bench {
 inline constexpr char HostSwitch[] = "--host";
 inline constexpr DWORD HostPatience = 60000;  // ms
 
-// What a program that was started by `WindowPrograms` runs: opens `count` windows, from the place number `first` on, and
-// tells each time that all of them are shown or all hidden. With `hung` it tells that they are shown and takes no message
-// from then on. `name` is that of the semaphore, and begins the name of the shared memory.
+// What a program that was started by `WindowPrograms` runs: opens `count` windows, from the place number `first` on,
+// and tells each time that all of them are shown or all hidden. With `hung` it tells that they are shown and takes no
+// message from then on. `name` is that of the semaphore, and begins the name of the shared memory.
 int RunHost(const char* name, unsigned first, unsigned count, bool hung) noexcept;
 
 // Ends the programs when it goes.

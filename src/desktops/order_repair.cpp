@@ -119,7 +119,10 @@ bool AwaitStillness(Job& job) noexcept {
     const DWORD start = GetTickCount();
     DWORD lastChange = start;
     KeyRow before;
+    DWORD asking = 0;
     while (!IsReplaced(job)) {
+        // Asking about a thousand windows costs the platform something; leave most of the time to the windows.
+        Sleep(PollPeriod + 8 * asking);
         const DWORD asked = GetTickCount();
         FollowFront(job);
         KeyRow present = PresentOrder(job.wanted);
@@ -127,8 +130,7 @@ bool AwaitStillness(Job& job) noexcept {
         if (!AreEqual(present, before)) lastChange = now;
         if (now - lastChange >= StillTime || now - start >= Patience) return true;
         before = std::move(present);
-        // Asking about a thousand windows costs the platform something; leave most of the time to the windows.
-        Sleep(PollPeriod + 8 * (now - asked));
+        asking = now - asked;
     }
     return false;
 }

@@ -141,7 +141,7 @@ void HideAllBut(WindowKey front, const SeenRow& windows, DesktopId current) noex
 
 void ShowIfHidden(const SeenRow& windows, WindowKey key) noexcept {
     const SeenWindow* window = FindSeen(windows, key);
-    if (!window || !window->marked || !IsMarkedHidden(WindowOf(key))) return;
+    if (!window || !window->marked) return;
     ShowAndUnmark(WindowOf(key));
     windowDesktopMap.NoteAsked(key, Request::Show);
 }
@@ -183,6 +183,7 @@ void ShowWindows(const Plan& plan) noexcept {
     ShowIfHidden(plan.windows, plan.front);
     if (waiting) RequestAnswer(WindowOf(waiting));
     for (const WindowKey key : plan.order) {
+        if (key == plan.front) continue;
         if (ThreadOf(key) == frontThread)
             ofThread.Add(key);
         else
