@@ -94,8 +94,14 @@ HWND MakeResidentWindow() noexcept {
 int RunResident(const Library& library, const CommandLine& line) {
     boundLibrary = &library;
     endedEvent = CreateEventA(nullptr, TRUE, FALSE, nullptr);
-    serverRunning = true;
     library.serverInit();
+    DWORD owner = 0;
+    GetWindowThreadProcessId(library.getServerHwnd(), &owner);
+    if (owner != GetCurrentProcessId()) {
+        PrintError("tvlhload: Halyard already runs in another program\n");
+        return 1;
+    }
+    serverRunning = true;
     residentWindow = MakeResidentWindow();
     if (!residentWindow) {
         EndServer();

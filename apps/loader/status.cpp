@@ -13,6 +13,18 @@ std::string WindowCount(HWND server, DesktopId id) {
     return std::to_string(static_cast<unsigned>(count)) + (count == 1 ? " window\n" : " windows\n");
 }
 
+// What went wrong since the start, the last first. Nothing where nothing did.
+std::string Failures(HWND server) {
+    std::string text;
+    char line[256];
+    for (WPARAM index = 0;; ++index) {
+        const auto atom = static_cast<ATOM>(SendMessageA(server, HM_READ_FAILURE, index, 0));
+        if (!atom) return text;
+        if (GlobalGetAtomNameA(atom, line, sizeof(line))) text += std::string("couldn't be had: ") + line + "\n";
+        GlobalDeleteAtom(atom);
+    }
+}
+
 }  // namespace
 
 std::string StatusText(const Library& library) {
@@ -29,7 +41,8 @@ std::string StatusText(const Library& library) {
     unsigned id = 0;
     for (unsigned index = 0; library.getDesktop(index, name, sizeof(name), &id); ++index)
         text += "desktop " + std::to_string(id) + ": \"" + name + "\", " + WindowCount(server, id);
-    return text + "all desktops: " + WindowCount(server, AllDesktopsId);
+    text += "all desktops: " + WindowCount(server, AllDesktopsId);
+    return text + Failures(server);
 }
 
 }  // namespace halyard::loader

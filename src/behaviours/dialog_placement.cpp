@@ -2,6 +2,7 @@
 #include "behaviours/borrowed_proc.h"
 #include "behaviours/window_position.h"
 #include "hook/behaviours.h"
+#include "hook/tracked_window.h"
 #include "process/profile.h"
 #include "process/window_long.h"
 #include "settings/choices.h"

@@ -4,6 +4,7 @@
 #include "behaviours/geometry.h"
 #include "displays/displays.h"
 #include "hook/behaviours.h"
+#include "hook/tracked_window.h"
 #include "process/profile.h"
 #include "process/window_long.h"
 #include "settings/settings.h"

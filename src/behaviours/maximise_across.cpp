@@ -5,6 +5,7 @@
 #include "behaviours/window_position.h"
 #include "displays/displays.h"
 #include "hook/behaviours.h"
+#include "hook/tracked_window.h"
 #include "process/profile.h"
 #include "process/window_long.h"
 #include "settings/choices.h"

@@ -4,6 +4,7 @@
 #include "behaviours/window_position.h"
 #include "desktops/desktop_list.h"
 #include "hook/behaviours.h"
+#include "hook/tracked_window.h"
 #include "process/profile.h"
 #include "process/shared_section.h"
 #include "process/strings.h"

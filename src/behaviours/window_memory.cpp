@@ -8,6 +8,7 @@
 #include "displays/displays.h"
 #include "hook/behaviours.h"
 #include "hook/classification.h"
+#include "hook/tracked_window.h"
 #include "process/shared_section.h"
 #include "process/window_long.h"
 #include "settings/registry_key.h"

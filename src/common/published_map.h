@@ -1,4 +1,4 @@
-// A map that any thread searches without a lock beside one thread that inserts.
+// A map that any thread searches without a lock beside one thread that changes it.
 #pragma once
 
 #include <atomic>
@@ -7,13 +7,14 @@
 
 namespace halyard {
 
-// Key and value pairs, ascending by unsigned key, that only grow until teardown. A search takes no lock, makes no
-// allocation and no kernel call: it works on the array that was current when it began, and a finished array is never
-// changed where a search can look. Writers must be kept apart by the owner's lock. `Value` must be trivially copyable.
+// Key and value pairs in no order; key 0 means a free place. A search takes no lock, makes no allocation and no kernel
+// call. Writers must be kept apart by the owner's lock. `Value` must be a pointer or a number.
 //
-// A key above all others is put behind the last pair of the array in use, and the count that makes it visible is
-// published after it; any other key means a new array. Superseded arrays live until `Clear`, since a search may still
-// be in one; capacity doubles so that they stay below the size of the array in use for keys that arrive in order.
+// A new pair takes a free place or one at the end; its key is published after its value. Without either, all pairs move
+// to an array of twice the size. Superseded arrays live until `Clear`, since a search may still be in one: together
+// they are smaller than the array in use.
+//
+// A search for a key that is being removed may find what is put in its place. So only the user of a key may remove it.
 template <typename Value>
 class PublishedMap {
 public:
@@ -28,16 +29,11 @@ public:
         if (!table) return false;
         const std::uint32_t count = table->count.load(std::memory_order_acquire);
         const std::uint32_t hint = lastHit.load(std::memory_order_relaxed);
-        if (hint < count && table->entries[hint].key == key) {
-            found = table->entries[hint].value;
-            return true;
-        }
+        if (hint < count && table->entries[hint].Holds(key, found)) return true;
         for (std::uint32_t position = 0; position < count; ++position) {
-            if (table->entries[position].key == key) {
-                lastHit.store(position, std::memory_order_relaxed);
-                found = table->entries[position].value;
-                return true;
-            }
+            if (!table->entries[position].Holds(key, found)) continue;
+            lastHit.store(position, std::memory_order_relaxed);
+            return true;
         }
         return false;
     }
@@ -46,33 +42,40 @@ public:
     bool Insert(std::uint32_t key, Value value) noexcept {
         Table* table = current.load(std::memory_order_relaxed);
         const std::uint32_t count = table ? table->count.load(std::memory_order_relaxed) : 0;
-        const bool last = count == 0 || table->entries[count - 1].key < key;
-        if (table && last && count < table->capacity) {
-            table->entries[count] = {key, value};
-            table->count.store(count + 1, std::memory_order_release);
-            return true;
+        for (std::uint32_t position = 0; position < count; ++position)
+            if (table->entries[position].IsFree()) return table->entries[position].Publish(key, value);
+        if (!table || count == table->capacity) {
+            Table* fresh = MakeTable(table ? count * 2 : InitialCapacity);
+            if (!fresh) return false;
+            for (std::uint32_t position = 0; position < count; ++position)
+                fresh->entries[position].Copy(table->entries[position]);
+            fresh->count.store(count, std::memory_order_relaxed);
+            fresh->superseded = table;
+            current.store(fresh, std::memory_order_release);
+            table = fresh;
         }
-        Table* fresh = MakeTable(count < InitialCapacity / 2 ? InitialCapacity : count * 2);
-        if (!fresh) return false;
-        std::uint32_t position = 0;
-        for (; position < count && table->entries[position].key < key; ++position)
-            fresh->entries[position] = table->entries[position];
-        fresh->entries[position] = {key, value};
-        for (; position < count; ++position)
-            fresh->entries[position + 1] = table->entries[position];
-        fresh->count.store(count + 1, std::memory_order_relaxed);
-        fresh->superseded = table;
-        current.store(fresh, std::memory_order_release);
+        table->entries[count].Publish(key, value);
+        table->count.store(count + 1, std::memory_order_release);
         return true;
     }
 
-    // Calls `visit(key, value)` for each pair in order of key. Not beside `Clear`.
+    // One writer at a time. An unknown key is ignored.
+    void Remove(std::uint32_t key) noexcept {
+        Table* table = current.load(std::memory_order_relaxed);
+        const std::uint32_t count = table ? table->count.load(std::memory_order_relaxed) : 0;
+        for (std::uint32_t position = 0; position < count; ++position)
+            if (table->entries[position].key.load(std::memory_order_relaxed) == key)
+                table->entries[position].key.store(FreeKey, std::memory_order_release);
+    }
+
+    // Calls `visit(key, value)` for each pair. Not beside a change.
     template <typename Visit>
     void ForEach(Visit visit) const {
         const Table* table = current.load(std::memory_order_acquire);
         const std::uint32_t count = table ? table->count.load(std::memory_order_acquire) : 0;
         for (std::uint32_t position = 0; position < count; ++position)
-            visit(table->entries[position].key, table->entries[position].value);
+            if (const Entry& entry = table->entries[position]; !entry.IsFree())
+                visit(entry.key.load(std::memory_order_relaxed), entry.value.load(std::memory_order_relaxed));
     }
 
     // Frees all arrays. Only when no thread searches any more.
@@ -89,10 +92,25 @@ public:
 
 private:
     static constexpr std::uint32_t InitialCapacity = 10;
+    static constexpr std::uint32_t FreeKey = 0;
 
     struct Entry {
-        std::uint32_t key;
-        Value value;
+        bool IsFree() const noexcept { return key.load(std::memory_order_relaxed) == FreeKey; }
+        bool Holds(std::uint32_t wanted, Value& found) const noexcept {
+            if (key.load(std::memory_order_acquire) != wanted) return false;
+            found = value.load(std::memory_order_relaxed);
+            return true;
+        }
+        bool Publish(std::uint32_t newKey, Value newValue) noexcept {
+            value.store(newValue, std::memory_order_relaxed);
+            key.store(newKey, std::memory_order_release);
+            return true;
+        }
+        void Copy(const Entry& other) noexcept {
+            Publish(other.key.load(std::memory_order_relaxed), other.value.load(std::memory_order_relaxed));
+        }
+        std::atomic<std::uint32_t> key{FreeKey};
+        std::atomic<Value> value{};
     };
 
     struct Table {

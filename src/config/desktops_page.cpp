@@ -246,6 +246,8 @@ void OnApply(HWND page) noexcept {
         SendMessageA(list, LVM_SETITEMA, 0, reinterpret_cast<LPARAM>(&item));
     }
     settings.SaveMultiDesk(nullptr);
+    // `MultiDesk` is one of the settings.
+    BroadcastSettings(SettingKind::Settings);
     BroadcastSettings(SettingKind::Desktops);
     ApplyPageRules(page);
 }

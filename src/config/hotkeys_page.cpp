@@ -109,6 +109,8 @@ void ApplyEnableRules(HWND page) noexcept {
 }
 
 void OnInit(HWND page) noexcept {
+    // With the system off from the start nobody has loaded them yet.
+    LoadHotkeysOnce();
     HWND list = ListOf(page);
     GiveListImages(list);
     RECT client = {};

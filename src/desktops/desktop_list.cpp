@@ -105,7 +105,7 @@ void DesktopList::RemoveAllButDefault() noexcept {
 
 void DesktopList::Load() noexcept {
     RegistryKey desktops;
-    OpenDesktopsKey(desktops);
+    OpenDesktopsKey(desktops, KeyUse::Read);
     const TextBuffer defaultName = LookupText(IDS_DEFAULT_DESKTOP_NAME);
 
     const Guard guard(lock.Section());
@@ -123,7 +123,7 @@ void DesktopList::Load() noexcept {
 
 void DesktopList::Save() noexcept {
     RegistryKey desktops;
-    OpenDesktopsKey(desktops);
+    if (!OpenDesktopsKey(desktops, KeyUse::Write)) return;
     desktops.DeleteContents();
     const Guard guard(lock.Section());
     for (const auto& entry : records)

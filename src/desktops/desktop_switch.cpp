@@ -29,8 +29,7 @@ void StoreOutgoing(Desktop& outgoing) noexcept {
     CaptureBackground(outgoing);
     desktopList.StoreBackground(outgoing);
     RegistryKey desktops;
-    OpenDesktopsKey(desktops);
-    DesktopList::SaveDesktop(outgoing, desktops);
+    if (OpenDesktopsKey(desktops, KeyUse::Write)) DesktopList::SaveDesktop(outgoing, desktops);
 }
 
 // Works on copies: messages that are let in on the way may load the list anew, which frees its records.

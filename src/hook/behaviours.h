@@ -2,9 +2,11 @@
 // lives in the unit of its behaviour. All run on the window's own thread.
 #pragma once
 
-#include "hook/tracked_window.h"
+#include "common/win_types.h"
 
 namespace halyard {
+
+struct TrackedWindow;
 
 // The extension of the system menu. Adding does nothing where it stands already, where the window has no system menu,
 // or with the `ExtendSysMenu` setting off; removing does nothing where there is none.

@@ -1,3 +1,4 @@
+#include "hook/behaviours.h"
 #include "hook/desktop_menu.h"
 #include "hook/hook_procs.h"
 #include "hook/interest_table.h"
@@ -25,11 +26,25 @@ void RepaintSpanningFrame(HWND window, WPARAM region) noexcept {
     ncPaintGuard = false;
 }
 
+// The hooks are about to go.
+void OnEnd(HWND window) noexcept {
+    TrackedWindow* tracked = TrackedWindowOf(window);
+    if (!tracked) return;
+    RemoveMenuExtension(*tracked);
+    threadTable->ForCurrentThread()->Remove(window);
+}
+
 }  // namespace
 
 void ObserveSentMessage(const CWPRETSTRUCT& event) noexcept {
     if (profile.desktopViewWindow) WatchDesktopMenu(event);
-    if (!IsInteresting(event.message) || !threadTable) return;
+    if (!threadTable) return;
+    if (!IsInteresting(event.message)) {
+        if (event.message == profile.restartMessage && event.lParam == 0) OnEnd(event.hwnd);
+        return;
+    }
+    // On 64-bit Windows a hook for programs of the other bitness runs on the thread that set it.
+    if (profile.isServerProcess && GetWindowThreadProcessId(event.hwnd, nullptr) != GetCurrentThreadId()) return;
     // A sent message is handled on the thread that owns its window, which is thereby known without asking.
     ThreadWindows* windows = threadTable->ForCurrentThread();
     if (!windows) return;

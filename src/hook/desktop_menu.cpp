@@ -35,8 +35,8 @@ void WatchDesktopMenu(const CWPRETSTRUCT& event) noexcept {
 }
 
 void OnDesktopButtonUp(HWND window) noexcept {
-    // While a menu is open some platforms give the mouse to a window of the menu's own.
-    if (!configItemChosen || (window != profile.desktopViewWindow && !inDesktopMenu)) return;
+    const bool ofMenu = profile.postsMenuCommands && inDesktopMenu;
+    if (!configItemChosen || (window != profile.desktopViewWindow && !ofMenu)) return;
     configItemChosen = false;
     SendMessageA(ServerWindow(), HM_OPEN_CONFIG, 0, 0);
 }

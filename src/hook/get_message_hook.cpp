@@ -70,12 +70,16 @@ bool OnButtonUp(MSG& message) noexcept {
     return true;
 }
 
-// A menu chosen by mouse and key can leave the same command in the queue twice.
+// A menu chosen by mouse and key can leave the same command in the queue twice. Taking the second one out brings this
+// hook again, which must not carry it out.
 void DropDuplicate(const MSG& message) noexcept {
+    ThreadWindows& windows = *threadTable->ForCurrentThread();
     MSG waiting;
+    windows.isTaking = true;
     if (PeekMessageA(&waiting, message.hwnd, WM_SYSCOMMAND, WM_SYSCOMMAND, PM_NOREMOVE) &&
         waiting.wParam == message.wParam)
         PeekMessageA(&waiting, message.hwnd, WM_SYSCOMMAND, WM_SYSCOMMAND, PM_REMOVE);
+    windows.isTaking = false;
 }
 
 bool RunCommand(TrackedWindow& tracked, MSG& message) noexcept {
@@ -92,10 +96,11 @@ bool OnSysCommand(MSG& message) noexcept {
     return RunCommand(*tracked, message);
 }
 
-// Some platforms post what is chosen in a submenu of the system menu as an ordinary command. It becomes the one that it
-// is on the others; a program's own command of the same number, which no open extension stands behind, goes untouched.
+// On Wine what is chosen in a submenu of the system menu is posted as an ordinary command. It becomes the one that it
+// is on Windows. A program's own command of the same number, while no extension is open, goes to the program.
 bool OnCommand(MSG& message) noexcept {
     if (!IsExtensionCommand(static_cast<UINT>(message.wParam))) return false;
+    if (!profile.program.qlplay && !profile.postsMenuCommands) return false;
     TrackedWindow* tracked = TrackedWindowOf(message.hwnd);
     if (!tracked) return false;
     if (profile.program.qlplay) return RunCommand(*tracked, message);
@@ -105,30 +110,41 @@ bool OnCommand(MSG& message) noexcept {
     return OnSysCommand(message);
 }
 
-void OnRestart(HWND window, bool on) noexcept {
+void OnStart(HWND window) noexcept {
     TrackedWindow* tracked = TrackedWindowOf(window);
     if (!tracked) return;
-    if (on) {
-        // Where the library outlives the hooks, the record does as well; its desktop is of the time before.
-        tracked->ForgetDesktop();
-        tracked->Classify();
-        tracked->NotifyServer(true);
-    } else {
-        RemoveMenuExtension(*tracked);
-        threadTable->ForCurrentThread()->Remove(window);
-    }
+    // On Wine the library stays in the program when the hooks go, so the record may be older than the hooks.
+    tracked->ForgetDesktop();
+    tracked->Classify();
+    tracked->NotifyServer(true);
 }
 
-// Every top-level window gets the message, so that a process reads the registry once for each of them.
-void OnSettingsChanged(HWND window, WPARAM kind) noexcept {
+// Each window gets the message, and a process reads the registry at the first of them.
+void OnSettingsChanged(HWND window, WPARAM kind, LPARAM number) noexcept {
     TrackedWindow* tracked = TrackedWindowOf(window);
     if (!tracked) return;
-    if (kind == static_cast<WPARAM>(SettingKind::Settings)) ReloadSettings();
-    if (kind == static_cast<WPARAM>(SettingKind::Desktops)) ReloadDesktops();
+    if (kind == static_cast<WPARAM>(SettingKind::Settings)) ReloadSettings(number);
+    if (kind == static_cast<WPARAM>(SettingKind::Desktops)) ReloadDesktops(number);
     // Without desktops every window is on the default one, whatever was chosen for it before.
     if (!settings.MultiDesk()) tracked->ForgetDesktop();
     RemoveMenuExtension(*tracked);
     AddMenuExtension(*tracked);
+}
+
+bool IsOfInterest(const MSG& message) noexcept {
+    switch (message.message) {
+    case WM_NCLBUTTONDBLCLK:
+    case WM_LBUTTONUP:
+    case WM_SYSCOMMAND:
+    case WM_COMMAND: return true;
+    }
+    return message.message == profile.restartMessage || message.message == profile.settingMessage;
+}
+
+// On 64-bit Windows a hook for programs of the other bitness runs on the thread that set it, for windows of any
+// program. That thread is the server's.
+bool IsForeignWindow(HWND window) noexcept {
+    return profile.isServerProcess && window && GetWindowThreadProcessId(window, nullptr) != GetCurrentThreadId();
 }
 
 }  // namespace
@@ -140,18 +156,20 @@ bool FilterTakenMessage(MSG& message) noexcept {
     case WM_SYSCOMMAND: return OnSysCommand(message);
     case WM_COMMAND: return OnCommand(message);
     }
-    if (message.message == profile.restartMessage) OnRestart(message.hwnd, message.lParam != 0);
-    if (message.message == profile.settingMessage) OnSettingsChanged(message.hwnd, message.wParam);
+    if (message.message == profile.restartMessage && message.lParam != 0) OnStart(message.hwnd);
+    if (message.message == profile.settingMessage) OnSettingsChanged(message.hwnd, message.wParam, message.lParam);
     return false;
 }
 
 LRESULT CALLBACK GetMessageHookProc(int code, WPARAM remove, LPARAM message) {
+    auto& taken = *reinterpret_cast<MSG*>(message);
     // With a remove flag of 0 the message is only being looked at, and comes by again.
-    if (code >= 0 && profile.hookEngineActive && remove != PM_NOREMOVE && threadTable) {
+    if (code >= 0 && profile.hookEngineActive && remove != PM_NOREMOVE && IsOfInterest(taken) && threadTable &&
+        !IsForeignWindow(taken.hwnd)) {
         ThreadWindows* windows = threadTable->ForCurrentThread();
-        if (windows) {
+        if (windows && !windows->isTaking) {
             const ThreadWindows::Pin pin(*windows);
-            if (FilterTakenMessage(*reinterpret_cast<MSG*>(message))) return 0;
+            if (FilterTakenMessage(taken)) return 0;
         }
     }
     return CallNextHookEx(GetMessageHook(), code, remove, message);

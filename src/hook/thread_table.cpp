@@ -4,6 +4,12 @@
 
 namespace halyard {
 
+namespace {
+
+constexpr DWORD TableLockTimeout = 5000;  // ms
+
+}  // namespace
+
 ThreadTable* threadTable = nullptr;
 
 ThreadTable::ThreadTable() noexcept : mutex(CreateMutexA(nullptr, FALSE, nullptr)) {}
@@ -12,32 +18,37 @@ ThreadTable::~ThreadTable() {
     threads.ForEach([](std::uint32_t, ThreadWindows* windows) { delete windows; });
 }
 
-ThreadWindows* ThreadTable::ForThread(DWORD thread) noexcept {
+ThreadWindows* ThreadTable::ForCurrentThread() noexcept {
+    const DWORD thread = GetCurrentThreadId();
     ThreadWindows* windows = nullptr;
     return threads.Find(thread, windows) ? windows : AddThread(thread);
 }
 
 ThreadWindows* ThreadTable::AddThread(DWORD thread) noexcept {
-    auto* fresh = new (std::nothrow) ThreadWindows(thread);
+    auto* windows = new (std::nothrow) ThreadWindows;
+    if (!windows) return nullptr;
     WaitForSingleObject(mutex.get(), TableLockTimeout);
-    ThreadWindows* windows = nullptr;
-    // Another thread may have come first.
-    if (threads.Find(thread, windows) || !threads.Insert(thread, fresh))
-        delete fresh;
-    else
-        windows = fresh;
+    const bool inserted = threads.Insert(thread, windows);
     ReleaseMutex(mutex.get());
-    return windows;
+    if (inserted) return windows;
+    delete windows;
+    return nullptr;
+}
+
+void ThreadTable::RemoveCurrentThread() noexcept {
+    const DWORD thread = GetCurrentThreadId();
+    ThreadWindows* windows = nullptr;
+    if (!threads.Find(thread, windows)) return;
+    WaitForSingleObject(mutex.get(), TableLockTimeout);
+    threads.Remove(thread);
+    ReleaseMutex(mutex.get());
+    delete windows;
 }
 
 void ThreadTable::DestroyAll() noexcept {
     WaitForSingleObject(mutex.get(), TableLockTimeout);
     threads.ForEach([](std::uint32_t, ThreadWindows* windows) {
-        if (!windows) return;
-        windows->Lock();
         windows->DestroyAll();
-        windows->Unlock();
-        windows->CloseLock();
         delete windows;
     });
     threads.Clear();

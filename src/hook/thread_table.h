@@ -7,8 +7,8 @@
 
 namespace halyard {
 
-// One per process, made at load and kept to the process's end. Searches take no lock; insertions are kept apart by the
-// mutex. A thread that ends leaves its record until teardown.
+// One per process, made at load and kept to the process's end. Searches take no lock; changes are kept apart by the
+// mutex. A thread has a record from the first message that is of interest to its end.
 class ThreadTable {
 public:
     ThreadTable() noexcept;
@@ -16,9 +16,11 @@ public:
     ThreadTable& operator=(const ThreadTable&) = delete;
     ~ThreadTable();
 
-    // The record of the thread, made if there is none. Null only when memory ran out. Any thread.
-    ThreadWindows* ForThread(DWORD thread) noexcept;
-    ThreadWindows* ForCurrentThread() noexcept { return ForThread(GetCurrentThreadId()); }
+    // The record of the calling thread, made if there is none. Null only when memory ran out.
+    ThreadWindows* ForCurrentThread() noexcept;
+
+    // The calling thread is about to end: drops its record.
+    void RemoveCurrentThread() noexcept;
 
     // Teardown, once, when no hook code runs any more.
     void DestroyAll() noexcept;

@@ -8,8 +8,6 @@
 
 namespace halyard {
 
-ThreadWindows::ThreadWindows(DWORD thread) noexcept : mutex(CreateMutexA(nullptr, FALSE, nullptr)), threadId(thread) {}
-
 ThreadWindows::~ThreadWindows() {
     for (auto& entry : windows)
         delete entry.value;
@@ -48,26 +46,14 @@ void ThreadWindows::DestroyAll() noexcept {
     // then may bring a hook call that grows the map.
     for (std::uint32_t position = 0; position < windows.Count(); ++position) {
         TrackedWindow* record = windows.At(position).value;
-        if (record && record->IsManaged()) {
-            RemoveMenuExtension(*record);
-            record->NotifyServer(false);
-        }
+        if (!record) continue;
+        // Also windows that aren't managed may have got one, when the settings changed.
+        if (record->submenu) RemoveMenuExtension(*record);
+        if (record->IsManaged()) record->NotifyServer(false);
     }
     for (auto& entry : windows)
         delete entry.value;
     windows.Clear();
-}
-
-void ThreadWindows::Lock() noexcept {
-    WaitForSingleObject(mutex.get(), TableLockTimeout);
-}
-
-void ThreadWindows::Unlock() noexcept {
-    ReleaseMutex(mutex.get());
-}
-
-void ThreadWindows::CloseLock() noexcept {
-    mutex.Reset();
 }
 
 }  // namespace halyard

@@ -7,11 +7,10 @@
 
 namespace halyard {
 
-// Owns its records. Only the thread whose windows these are calls in while hooks run, so that there is no lock on the
-// way; the mutex guards teardown.
+// Owns its records. Only the thread whose windows these are calls in while hooks run, so that no lock is needed.
 class ThreadWindows {
 public:
-    explicit ThreadWindows(DWORD thread) noexcept;
+    ThreadWindows() noexcept = default;
     ThreadWindows(const ThreadWindows&) = delete;
     ThreadWindows& operator=(const ThreadWindows&) = delete;
     ~ThreadWindows();
@@ -40,13 +39,10 @@ public:
     // Teardown: takes the menu extensions off, tells the server, frees all records.
     void DestroyAll() noexcept;
 
-    // The mutex; the wait is limited and its outcome isn't looked at.
-    void Lock() noexcept;
-    void Unlock() noexcept;
-    void CloseLock() noexcept;
-
     unsigned Count() const noexcept { return windows.Count(); }
-    DWORD ThreadId() const noexcept { return threadId; }
+
+    // Set while the hook itself takes a message out of the queue, which brings the hook again.
+    bool isTaking = false;
 
 private:
     void FreeRetired() noexcept;
@@ -54,11 +50,6 @@ private:
     SortedMap<TrackedWindow*> windows;
     TrackedWindow* retired = nullptr;
     unsigned pins = 0;
-    KernelHandle mutex;
-    DWORD threadId;
 };
-
-// The longest wait for a mutex of the tables, in ms.
-inline constexpr DWORD TableLockTimeout = 5000;
 
 }  // namespace halyard

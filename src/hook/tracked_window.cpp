@@ -44,7 +44,8 @@ bool TrackedWindow::IsDialog() noexcept {
 }
 
 void TrackedWindow::NotifyServer(bool attach) noexcept {
-    if (!IsManaged()) return;
+    // A message that is posted to no window would go to this thread's own queue.
+    if (!ServerWindow() || !IsManaged()) return;
     PostMessageA(ServerWindow(), attach ? HM_WINDOW_ATTACH : HM_WINDOW_DETACH, reinterpret_cast<WPARAM>(window),
                  static_cast<LPARAM>(static_cast<int>(desktopId)));
 }

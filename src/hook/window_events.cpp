@@ -143,8 +143,8 @@ bool BelongsToExtension(const TrackedWindow& tracked, HMENU menu) noexcept {
 
 bool OnInitMenuPopup(TrackedWindow& tracked, HMENU menu, LPARAM lParam) noexcept {
     tracked.extensionOpen = BelongsToExtension(tracked, menu);
-    // Not every platform marks the submenus of a system menu as belonging to it.
-    const bool systemMenu = HIWORD(lParam) != 0 || tracked.extensionOpen;
+    // Wine doesn't mark the submenus of a system menu as belonging to it.
+    const bool systemMenu = HIWORD(lParam) != 0 || (profile.postsMenuCommands && tracked.extensionOpen);
     if (systemMenu || profile.program.qlplay) UpdateMenuExtension(tracked, menu, lParam);
     return true;
 }

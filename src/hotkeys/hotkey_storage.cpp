@@ -8,10 +8,14 @@ namespace halyard {
 
 namespace {
 
+// Whether the list holds what is stored. Saving a list that was never loaded would delete every binding.
+bool isLoaded = false;
+
 void Load() noexcept {
     RebuildHotkeyList();
+    isLoaded = true;
     RegistryKey key;
-    OpenHotkeysKey(key);
+    OpenHotkeysKey(key, KeyUse::Read);
     for (auto& entry : hotkeyList) {
         char name[16];
         wsprintfA(name, "%d", static_cast<int>(entry.key));
@@ -23,7 +27,7 @@ void Load() noexcept {
 
 void Save() noexcept {
     RegistryKey key;
-    OpenHotkeysKey(key);
+    if (!isLoaded || !OpenHotkeysKey(key, KeyUse::Write)) return;
     key.DeleteContents();
     for (const auto& entry : hotkeyList) {
         char name[16];
@@ -36,6 +40,12 @@ void Save() noexcept {
 
 void LoadHotkeys() noexcept {
     RunOnServerThread([] { Load(); });
+}
+
+void LoadHotkeysOnce() noexcept {
+    RunOnServerThread([] {
+        if (!isLoaded) Load();
+    });
 }
 
 void SaveHotkeys() noexcept {

@@ -40,6 +40,9 @@ void AddDesktopHotkey(DesktopId id, const char* desktopName) noexcept;
 
 // Rebuilds the list and reads the stored bindings; a binding of an action that isn't in the list is passed over.
 void LoadHotkeys() noexcept;
+// Only if the list was never loaded.
+void LoadHotkeysOnce() noexcept;
+// Nothing for a list that was never loaded.
 void SaveHotkeys() noexcept;
 
 // Only while the hooks are in; what can't be registered stays bound and is marked as refused.

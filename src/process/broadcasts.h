@@ -9,8 +9,14 @@ namespace halyard {
 // process or lets it go. A hung program holds the caller up for 2000 ms at most.
 void WakeAllThreads() noexcept;
 
-// `on`: the hooks have just been installed (every window classifies itself and reports), else they have been removed.
-void BroadcastRestart(bool on) noexcept;
+// The hooks have just been installed: every window classifies itself and reports, and every program reads the registry,
+// which may have changed while no hook told it so.
+void BroadcastStart() noexcept;
+
+// The hooks are about to go: every window gives up what it got from this system. Returns when all programs have done
+// so, at the latest after 2000 ms. Some platforms keep the library in the programs, which would keep its menus
+// otherwise.
+void BroadcastEnd() noexcept;
 
 // Every process with a window in the broadcast reads the registry again. To be called after the store was written.
 void BroadcastSettings(SettingKind kind) noexcept;

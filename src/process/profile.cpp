@@ -32,6 +32,7 @@ void ReadSystemVersion(Profile& target) noexcept {
     const HMODULE core = GetModuleHandleA("ntdll.dll");
     const bool isWine = EntryOf<void (*)()>(core, "wine_get_version") != nullptr;
     target.tracksButtonsWithoutCapture = isWine;
+    target.postsMenuCommands = isWine;
     target.placesFromWorkArea = !isWine;
     target.copiesMinimiseRects = target.isNtFamily && !isWine;
 }

@@ -37,12 +37,16 @@ struct Profile {
     // mouse meanwhile: so on Wine. Elsewhere it ends when the mouse is taken away.
     bool tracksButtonsWithoutCapture = false;
 
-    // The rectangle that message 139 asks for (where does this window minimise to?) is copied between the programs: so on
-    // Windows NT. Wine and the 9x family hand the sender's address on as it is.
+    // The rectangle that message 139 asks for (where does this window minimise to?) is copied between the programs: so
+    // on Windows NT. Wine and the 9x family hand the sender's address on as it is.
     bool copiesMinimiseRects = false;
 
     // Placements of top-level windows count from the work area of their display: so everywhere but on Wine.
     bool placesFromWorkArea = false;
+
+    // What is chosen in a submenu of a system menu comes as an ordinary command, and such a submenu isn't marked as
+    // part of the system menu; a menu captures the mouse with a window of its own. So on Wine.
+    bool postsMenuCommands = false;
 
     // The shell's windows; 0 in every other process, and in a shell that mapped the library before it made them.
     HWND progmanWindow = nullptr;

@@ -30,6 +30,7 @@ enum ServerMessage : UINT {
     HM_WINDOW_SHOWN = 1201,        // a hooked process, posted; wParam: window, lParam 1: it has been shown, 0: hidden
     HM_WINDOW_CALLS = 1202,        // a hooked process, posted; wParam: a window with the mark that has been activated
     HM_ICON_READ = 1198,           // a thread of the server process that reads a program's icon, posted
+    HM_READ_FAILURE = 1197,        // the loader, sent; wParam: index, 0 the last. Result: a global atom, 0 past the end
     HM_COUNT_WINDOWS = 1195,       // the loader, sent; lParam: desktop id. Result: windows that the map has there
 };
 
@@ -52,7 +53,8 @@ inline constexpr UINT KeyboardPeriod = 150;     // ms that the platform gets to 
 inline constexpr UINT FindCursorPeriod = 50;    // ms
 inline constexpr UINT BroadcastTimeout = 2000;  // ms that a hung program can hold a broadcast up
 
-// What wParam of SettingMsg says.
+// What wParam of SettingMsg says. Its lParam is a number of this broadcast, so that a program with many windows reads
+// the registry once; 0, from a program that gives none, is read each time.
 enum class SettingKind : UINT { Settings = 1, Desktops = 2 };
 
 // Desktop ids are 32-bit numbers, ordered as unsigned ones.

@@ -7,35 +7,42 @@ namespace halyard {
 
 namespace {
 
-char stringBuffer[1024];
+constexpr unsigned TextRoom = 1024;
 
-}  // namespace
+char stringBuffer[TextRoom];
 
-const char* LoadStringForLanguage(unsigned short language, unsigned id) noexcept {
+// Writes the text, closed by a zero, into `text`. False where the language has no block for the id.
+bool ReadText(unsigned short language, unsigned id, char (&text)[TextRoom]) noexcept {
     const HMODULE module = profile.moduleInstance;
     const HRSRC place = FindResourceExA(module, RT_STRING, MAKEINTRESOURCEA(StringBlock(id)), language);
     const HGLOBAL loaded = place ? LoadResource(module, place) : nullptr;
     const auto* block = loaded ? static_cast<const std::uint16_t*>(LockResource(loaded)) : nullptr;
-    if (!block) return nullptr;
+    if (!block) return false;
     StringUnits found = {nullptr, 0};
     int size = 0;
     if (FindInBlock(block, SizeofResource(module, place) / sizeof(std::uint16_t), id, found) && found.length > 0)
         size = WideCharToMultiByte(GetACP(), 0, reinterpret_cast<const wchar_t*>(found.units),
-                                   static_cast<int>(found.length), stringBuffer, sizeof(stringBuffer) - 1, nullptr,
-                                   nullptr);
-    stringBuffer[size] = 0;
-    return stringBuffer;
+                                   static_cast<int>(found.length), text, TextRoom - 1, nullptr, nullptr);
+    text[size] = 0;
+    return true;
 }
 
-const char* LookupString(unsigned id) noexcept {
+bool Lookup(unsigned id, char (&text)[TextRoom]) noexcept {
     const LANGID user = GetUserDefaultLangID();
     for (unsigned place = 0; place < LanguageCount; ++place)
-        if (const char* text = LoadStringForLanguage(LanguageAt(place, user), id)) return text;
-    return nullptr;
+        if (ReadText(LanguageAt(place, user), id, text)) return true;
+    return false;
+}
+
+}  // namespace
+
+const char* LookupString(unsigned id) noexcept {
+    return Lookup(id, stringBuffer) ? stringBuffer : nullptr;
 }
 
 TextBuffer LookupText(unsigned id) noexcept {
-    return TextBuffer(LookupString(id));
+    char text[TextRoom];
+    return TextBuffer(Lookup(id, text) ? text : nullptr);
 }
 
 }  // namespace halyard

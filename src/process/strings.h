@@ -6,13 +6,12 @@
 
 namespace halyard {
 
-// Both return the process's one shared buffer, which the next lookup on any thread overwrites: copy the text at once,
-// or use `LookupText`. Null when the block of the id doesn't exist (in that language, or in any); an id that has no
-// string in an existing block gives the empty text.
-const char* LoadStringForLanguage(unsigned short language, unsigned id) noexcept;
+// Returns the process's one shared buffer, which the next call on any thread overwrites: use `LookupText` wherever more
+// than one thread may ask. Null when no language has the block of the id; an id without a string in an existing block
+// gives the empty text.
 const char* LookupString(unsigned id) noexcept;
 
-// A copy of the text; empty where `LookupString` gives null.
+// The text, of the caller's own; empty where `LookupString` gives null. Any thread.
 TextBuffer LookupText(unsigned id) noexcept;
 
 // Whether the display driver says that the machine is one of the other brand's. Asked once per process.

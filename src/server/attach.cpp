@@ -8,6 +8,7 @@
 #include "hook/thread_table.h"
 #include "process/profile.h"
 #include "process/trace.h"
+#include "server/recovery.h"
 #include "server/server_window.h"
 #include "settings/settings.h"
 #include "settings/store.h"
@@ -27,7 +28,6 @@ bool IsPatchedProgram() noexcept {
 
 void OnLoad(HINSTANCE module) noexcept {
     profile.moduleInstance = module;
-    DisableThreadLibraryCalls(module);
     ReadSystemVersion(profile);
     threadTable = new (std::nothrow) ThreadTable;
     InstallCrashFilter();
@@ -47,6 +47,10 @@ void OnLoad(HINSTANCE module) noexcept {
     Trace("OnLoad", "hook engine %s", profile.hookEngineActive ? "active" : "kept out");
 }
 
+void OnThreadEnd() noexcept {
+    if (threadTable) threadTable->RemoveCurrentThread();
+}
+
 void OnUnload() noexcept {
     Trace("OnUnload", "library leaves");
     profile.hookEngineActive = false;
@@ -55,7 +59,11 @@ void OnUnload() noexcept {
     // The table stays in memory: a hook call on another thread may still be on its way out.
     if (threadTable) threadTable->DestroyAll();
     RemoveCrashFilter();
-    if (profile.isServerProcess) DestroyServerWindow();
+    if (!profile.isServerProcess) return;
+    // A server that ends by exit has removed nothing. On Wine its hooks would stay in every program, beside the next
+    // ones.
+    DropHooks();
+    DestroyServerWindow();
 }
 
 }  // namespace halyard

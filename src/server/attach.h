@@ -9,4 +9,7 @@ namespace halyard {
 void OnLoad(HINSTANCE module) noexcept;
 void OnUnload() noexcept;
 
+// A thread of the process ends. On that thread, under the loader lock.
+void OnThreadEnd() noexcept;
+
 }  // namespace halyard

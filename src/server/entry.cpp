@@ -43,6 +43,7 @@ void operator delete[](void* memory, const std::nothrow_t&) noexcept {
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, void*) {
     if (reason == DLL_PROCESS_ATTACH) halyard::OnLoad(module);
+    if (reason == DLL_THREAD_DETACH) halyard::OnThreadEnd();
     if (reason == DLL_PROCESS_DETACH) halyard::OnUnload();
     return TRUE;
 }

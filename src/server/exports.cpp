@@ -6,6 +6,7 @@
 #include "process/server_call.h"
 #include "process/shared_section.h"
 #include "server/lifecycle.h"
+#include "server/server_messages.h"
 #include "settings/settings.h"
 
 #include <cstring>
@@ -13,7 +14,7 @@
 using namespace halyard;
 
 void ServerInit() {
-    StartServer();
+    StartServer(ServerWndProc);
 }
 
 void ServerUninit() {

@@ -11,33 +11,37 @@
 #include "hotkeys/hotkeys.h"
 #include "process/broadcasts.h"
 #include "process/com.h"
+#include "process/failures.h"
 #include "process/profile.h"
 #include "process/shared_section.h"
 #include "server/first_run.h"
+#include "server/recovery.h"
 #include "server/server_window.h"
 #include "settings/settings.h"
 #include "taskbars/extras.h"
 
 namespace halyard {
 
-void StartServer() noexcept {
+bool StartServer(WNDPROC procedure) noexcept {
+    // Another process's server keeps its windows, its hooks and its record.
+    if (!ClearDeadServer()) return false;
     profile.isServerProcess = true;
     BindCom();
     if (Desktop* standard = desktopList.Find(DefaultDesktopId)) {
         CaptureBackground(*standard);
-        if (ClearDeadServer()) {
-            ShowMarkedWindows();
-            if (ReadDefaultBackground(*standard)) ApplyBackground(*standard);
-            DropDefaultBackground();
-        }
+        ShowMarkedWindows();
+        if (ReadDefaultBackground(*standard)) ApplyBackground(*standard);
+        DropDefaultBackground();
     }
-    // The hooks talk to the window at once, so that they come behind it.
-    CreateServerWindow();
+    // Before the hooks, which talk to the window at once.
+    CreateServerWindow(procedure);
     StartWizardIfDue();
     if (settings.Run()) TurnOn();
+    return true;
 }
 
 void StopServer() noexcept {
+    if (!profile.isServerProcess) return;
     StopExtras();
     RemoveHooks();
     DestroyConfigDialog();
@@ -45,25 +49,42 @@ void StopServer() noexcept {
 }
 
 void TurnOn() noexcept {
+    if (!profile.isServerProcess) return;
     InstallHooks();
     StartExtras();
     settings.SetRun(true);
 }
 
 void TurnOff() noexcept {
+    if (!profile.isServerProcess) return;
     RemoveHooks();
     StopExtras();
     settings.SetRun(false);
 }
 
+namespace {
+
+HHOOK SetHook(int kind, HOOKPROC procedure, const char* name) noexcept {
+    HHOOK hook = SetWindowsHookExA(kind, procedure, profile.moduleInstance, 0);
+    if (!hook) KeepFailure(name);
+    return hook;
+}
+
+}  // namespace
+
 void InstallHooks() noexcept {
     if (HooksInstalled()) return;
+    SetCallWndProcRetHook(SetHook(WH_CALLWNDPROCRET, CallWndProcRetHookProc, "the hook of sent messages"));
+    SetGetMessageHook(SetHook(WH_GETMESSAGE, GetMessageHookProc, "the hook of posted messages"));
+    if (!CallWndProcRetHook() || !GetMessageHook()) {
+        // One without the other would leave windows that nothing looks after.
+        DropHooks();
+        return;
+    }
     SetHooksInstalled(true);
     LoadHotkeys();
     RegisterHotkeys();
-    SetCallWndProcRetHook(SetWindowsHookExA(WH_CALLWNDPROCRET, CallWndProcRetHookProc, profile.moduleInstance, 0));
-    SetGetMessageHook(SetWindowsHookExA(WH_GETMESSAGE, GetMessageHookProc, profile.moduleInstance, 0));
-    BroadcastRestart(true);
+    BroadcastStart();
     RefreshPages();
 }
 
@@ -74,13 +95,10 @@ void RemoveHooks() noexcept {
     Activate(DefaultDesktopId);
     ReleaseAllWindows();
     UnregisterHotkeys();
-    // The hook procedure answers at once when its slot is 0: a call between the two steps does nothing.
-    HHOOK hook = CallWndProcRetHook();
-    SetCallWndProcRetHook(nullptr);
-    UnhookWindowsHookEx(hook);
-    UnhookWindowsHookEx(GetMessageHook());
-    SetGetMessageHook(nullptr);
-    BroadcastRestart(false);
+    BroadcastEnd();
+    DropHooks();
+    // On Windows each program lets the library go when its threads have been awake once.
+    WakeAllThreads();
     RefreshPages();
 }
 

@@ -1,168 +1,17 @@
 #include "server/server_window.h"
 
-#include "config/config_dialog.h"
-#include "desktops/desktop_switch.h"
-#include "desktops/window_calls.h"
-#include "desktops/window_desktop_map.h"
-#include "desktops/window_switch.h"
-#include "hotkeys/find_cursor.h"
-#include "hotkeys/hotkeys.h"
-#include "process/profile.h"
+#include "process/failures.h"
+#include "process/protocol.h"
 #include "process/server_call.h"
 #include "process/shared_section.h"
-#include "server/hotkey_actions.h"
-#include "server/lifecycle.h"
-#include "settings/settings.h"
-#include "taskbars/extras.h"
-#include "taskbars/live_taskbars.h"
-#include "taskbars/shell/shell_tabs.h"
-#include "taskbars/task_list.h"
-#include "taskbars/taskbar_manager.h"
-#include "taskbars/window_icon.h"
 
 namespace halyard {
 
-namespace {
-
-HWND AsWindow(WPARAM wParam) noexcept {
-    return reinterpret_cast<HWND>(wParam);
-}
-
-DesktopId AsDesktopId(LPARAM lParam) noexcept {
-    return static_cast<DesktopId>(lParam);
-}
-
-LRESULT OnRegisterHotkeys() noexcept {
-    RegisterHotkeys();
-    return 0;
-}
-
-LRESULT OnUnregisterHotkeys() noexcept {
-    UnregisterHotkeys();
-    return 0;
-}
-
-LRESULT OnSwitchDesktop(DesktopId id) noexcept {
-    Activate(id);
-    return 0;
-}
-
-LRESULT OnRestart(bool enable) noexcept {
-    Restart(enable);
-    return 0;
-}
-
-LRESULT OnWindowAttach(HWND target, DesktopId id) noexcept {
-    AssignWindow(target, KnownDesktop(id));
-    return 0;
-}
-
-LRESULT OnWindowReturns(HWND target, DesktopId id) noexcept {
-    windowDesktopMap.Record(target, KnownDesktop(id));
-    return 0;
-}
-
-LRESULT OnWindowDetach(HWND target) noexcept {
-    ForgetWindow(target);
-    return 0;
-}
-
-LRESULT OnShown(HWND target, bool shown) noexcept {
-    OnWindowShown(target, shown);
-    return 0;
-}
-
-LRESULT OnCalls(HWND target) noexcept {
-    OnWindowCalls(target);
-    return 0;
-}
-
-LRESULT OnOpenConfig() noexcept {
-    OpenConfigDialog(0);
-    return 0;
-}
-
-LRESULT OnRefreshExtras() noexcept {
-    RefreshExtras();
-    return 0;
-}
-
-LRESULT OnTabAdd(HWND target) noexcept {
-    AddTab(target);
-    return 0;
-}
-
-LRESULT OnTabDelete(HWND target) noexcept {
-    DeleteTab(target);
-    return 0;
-}
-
-LRESULT OnIconRead() noexcept {
-    GiveReadIcons();
-    return 0;
-}
-
-LRESULT OnTaskbarDelete(LPARAM taskbar) noexcept {
-    if (taskbar) DeleteRetiredTaskbar(taskbar);
-    return 0;
-}
-
-LRESULT OnCall(LPARAM ticket) noexcept {
-    RunTicket(ticket);
-    return 0;
-}
-
-LRESULT OnCountWindows(DesktopId id) noexcept {
-    return static_cast<LRESULT>(windowDesktopMap.CountOn(id));
-}
-
-void OnPurge() noexcept {
-    windowDesktopMap.PurgeDead();
-    BringInLine();
-}
-
-void OnKeyboardTimer(HWND window) noexcept {
-    KillTimer(window, KeyboardTimer);
-    CheckKeyboard();
-}
-
-// True: the message ends here.
-bool OnTimer(HWND window, WPARAM timer) noexcept {
-    if (timer == PurgeTimer) OnPurge();
-    if (timer == KeyboardTimer) OnKeyboardTimer(window);
-    if (timer != FindCursorTimer) return false;
-    if (!StepFindCursor()) KillTimer(window, FindCursorTimer);
-    return true;
-}
-
-void OnDisplayChange() noexcept {
-    if (settings.Run()) SyncDisplays();
-}
-
-}  // namespace
-
-bool ClearDeadServer() noexcept {
-    HWND left = ServerWindow();
-    if (!left) return true;
-    // The handle may have outlived its window, or some other window may have it now.
-    char name[sizeof(ServerWindowClass) + 1] = {};
-    if (GetClassNameA(left, name, sizeof(name)) && lstrcmpA(name, ServerWindowClass) == 0) return false;
-    // Not every platform takes system-wide hooks away with the thread that set them.
-    UnhookWindowsHookEx(CallWndProcRetHook());
-    UnhookWindowsHookEx(GetMessageHook());
-    SetServerWindow(nullptr);
-    SetHooksInstalled(false);
-    SetCallWndProcRetHook(nullptr);
-    SetGetMessageHook(nullptr);
-    SetCurrentDesktopId(DefaultDesktopId);
-    return true;
-}
-
-void CreateServerWindow() noexcept {
+void CreateServerWindow(WNDPROC procedure) noexcept {
     if (ServerWindow()) return;
     WNDCLASSEXA windowClass = {};
     windowClass.cbSize = sizeof(windowClass);
-    windowClass.lpfnWndProc = ServerWndProc;
+    windowClass.lpfnWndProc = procedure;
     // Of the program, not of the library: whoever looks at the window sees whose it is.
     windowClass.hInstance = GetModuleHandleA(nullptr);
     windowClass.lpszClassName = ServerWindowClass;
@@ -170,6 +19,7 @@ void CreateServerWindow() noexcept {
     HWND window =
         CreateWindowExA(0, MAKEINTATOM(atom), nullptr, 0, 0, 0, 1, 1, nullptr, nullptr, windowClass.hInstance, nullptr);
     SetServerWindow(window);
+    if (!window) KeepFailure("the server's window");
     if (window) SetTimer(window, PurgeTimer, PurgePeriod, nullptr);
 }
 
@@ -179,36 +29,6 @@ void DestroyServerWindow() noexcept {
     DestroyWindow(ServerWindow());
     SetServerWindow(nullptr);
     UnregisterClassA(ServerWindowClass, GetModuleHandleA(nullptr));
-}
-
-LRESULT CALLBACK ServerWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    switch (message) {
-    case HM_REGISTER_HOTKEYS: return OnRegisterHotkeys();
-    case HM_UNREGISTER_HOTKEYS: return OnUnregisterHotkeys();
-    case HM_SWITCH_DESKTOP: return OnSwitchDesktop(AsDesktopId(lParam));
-    case HM_RESTART: return OnRestart(wParam != 0);
-    case HM_WINDOW_ATTACH: return OnWindowAttach(AsWindow(wParam), AsDesktopId(lParam));
-    case HM_WINDOW_DETACH: return OnWindowDetach(AsWindow(wParam));
-    case HM_WINDOW_SHOWN: return OnShown(AsWindow(wParam), lParam != 0);
-    case HM_WINDOW_CALLS: return OnCalls(AsWindow(wParam));
-    case HM_OPEN_CONFIG: return OnOpenConfig();
-    case HM_WINDOW_CHANGED: return OnWindowChanged(AsWindow(wParam), lParam != 0) ? 1 : 0;
-    case HM_REFRESH_EXTRAS: return OnRefreshExtras();
-    case HM_TAB_ADD: return OnTabAdd(AsWindow(wParam));
-    case HM_TAB_DELETE: return OnTabDelete(AsWindow(wParam));
-    case HM_TASKBAR_DELETE: return OnTaskbarDelete(lParam);
-    case HM_ICON_READ: return OnIconRead();
-    case HM_CALL: return OnCall(lParam);
-    case HM_WINDOW_RETURNS: return OnWindowReturns(AsWindow(wParam), AsDesktopId(lParam));
-    case HM_COUNT_WINDOWS: return OnCountWindows(AsDesktopId(lParam));
-    case WM_ENDSESSION: Activate(DefaultDesktopId); break;
-    case WM_DISPLAYCHANGE: OnDisplayChange(); break;
-    case WM_TIMER:
-        if (OnTimer(window, wParam)) return 0;
-        break;
-    case WM_HOTKEY: OnHotkeyPressed(window, wParam); break;
-    }
-    return DefWindowProcA(window, message, wParam, lParam);
 }
 
 }  // namespace halyard

@@ -24,10 +24,11 @@ struct AppKeyText {
 };
 const AppKeyText appKeyText;
 
-void OpenSubtree(RegistryKey& key, const char* name) noexcept {
+bool OpenSubtree(RegistryKey& key, const char* name, KeyUse use) noexcept {
     RegistryKey root;
-    RegistryKey opened;
-    if (root.Create(ChosenHive(), ProductKey) && opened.Create(root.get(), name)) key.Swap(opened);
+    if (use == KeyUse::Read)
+        return root.Open(ChosenHive(), ProductKey, KEY_READ) && key.Open(root.get(), name, KEY_READ);
+    return root.Create(ChosenHive(), ProductKey) && key.Create(root.get(), name);
 }
 
 struct IndexedName {
@@ -63,12 +64,12 @@ bool OpenAppKey(RegistryKey& key, bool create) noexcept {
     return create ? key.Create(memory.get(), AppKeyName()) : key.Open(memory.get(), AppKeyName(), KEY_ALL_ACCESS);
 }
 
-void OpenDesktopsKey(RegistryKey& key) noexcept {
-    OpenSubtree(key, "Desktops");
+bool OpenDesktopsKey(RegistryKey& key, KeyUse use) noexcept {
+    return OpenSubtree(key, "Desktops", use);
 }
 
-void OpenHotkeysKey(RegistryKey& key) noexcept {
-    OpenSubtree(key, "HotKeys");
+bool OpenHotkeysKey(RegistryKey& key, KeyUse use) noexcept {
+    return OpenSubtree(key, "HotKeys", use);
 }
 
 void WriteProductValue(const char* name, DWORD value) noexcept {
@@ -78,7 +79,7 @@ void WriteProductValue(const char* name, DWORD value) noexcept {
 
 DWORD ReadIndexedValue(DWORD index, const char* name, DWORD missing) noexcept {
     RegistryKey key;
-    if (!key.Open(ChosenHive(), ProductKey, KEY_ALL_ACCESS)) return missing;
+    if (!key.Open(ChosenHive(), ProductKey, KEY_READ)) return missing;
     return key.ReadDwordOr(IndexedName(name, index).text, missing);
 }
 

@@ -18,9 +18,13 @@ HKEY ChosenHive() noexcept;
 // it can't be had.
 bool OpenAppKey(RegistryKey& key, bool create) noexcept;
 
-// Open or make "Desktops" or "HotKeys" in the chosen hive. On failure `key` stays as it was.
-void OpenDesktopsKey(RegistryKey& key) noexcept;
-void OpenHotkeysKey(RegistryKey& key) noexcept;
+// To read, a key only has to be there, and a user without the right to write may open it. To write, it is made where it
+// is missing.
+enum class KeyUse { Read, Write };
+
+// Open "Desktops" or "HotKeys" in the chosen hive. Both answer whether the key is open.
+bool OpenDesktopsKey(RegistryKey& key, KeyUse use) noexcept;
+bool OpenHotkeysKey(RegistryKey& key, KeyUse use) noexcept;
 
 // One REG_DWORD of the product's key in the chosen hive. Lost silently when the key can't be opened.
 void WriteProductValue(const char* name, DWORD value) noexcept;

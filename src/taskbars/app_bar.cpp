@@ -1,5 +1,8 @@
 #include "taskbars/app_bar.h"
 
+#include "process/protocol.h"
+#include "process/shared_section.h"
+
 namespace halyard {
 
 namespace {
@@ -19,7 +22,7 @@ HWND TrayWindow() noexcept {
     return FindWindowA("Shell_TrayWnd", nullptr);
 }
 
-// The shell's calls themselves would wait as long as the shell hangs.
+// SHAppBarMessage itself waits as long as the shell hangs, so the shell must first show that it answers.
 bool ShellAnswers() noexcept {
     HWND tray = TrayWindow();
     if (!tray) return true;
@@ -41,7 +44,7 @@ bool Tell(const SecondaryTaskbar& bar, DWORD message, const RECT& place = {}) no
     return ShellAnswers() && SHAppBarMessage(message, &data);
 }
 
-// Whether the shell knows now what it should.
+// True: the shell now knows what it should of the bar.
 bool TryToTell(SecondaryTaskbar& bar, const RECT& place) noexcept {
     if (bar.autohide) {
         if (bar.registered && !ShellAnswers()) return false;
@@ -60,7 +63,7 @@ bool TryToTell(SecondaryTaskbar& bar, const RECT& place) noexcept {
 }  // namespace
 
 void UpdateAppBar(SecondaryTaskbar& bar, const RECT& place) noexcept {
-    // A shell that starts later announces itself.
+    // Without a shell there is nothing to try: one that starts later announces itself.
     if (TryToTell(bar, place) || !TrayWindow())
         KillTimer(bar.window, AppBarTimer);
     else
@@ -68,7 +71,13 @@ void UpdateAppBar(SecondaryTaskbar& bar, const RECT& place) noexcept {
 }
 
 void RetryAppBar(SecondaryTaskbar& bar) noexcept {
-    if (!bar.busy) UpdateAppBar(bar, bar.windowRect);
+    if (bar.busy) return;
+    const bool wasRegistered = bar.registered;
+    UpdateAppBar(bar, bar.windowRect);
+    if (wasRegistered || !bar.registered) return;
+    // The shell's own bar may have moved without a notice to this one.
+    ReadPrimaryTaskbarRect();
+    PostMessageA(ServerWindow(), HM_REFRESH_EXTRAS, 0, 0);
 }
 
 void RegisterAppBarAnew(SecondaryTaskbar& bar) noexcept {

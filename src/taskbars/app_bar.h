@@ -15,7 +15,7 @@ inline constexpr UINT AppBarRetryPeriod = 1000;  // ms
 // Tells the shell of the bar: one that doesn't hide is registered and reserves `place`, an auto-hide bar isn't
 // registered. What the shell can't be told now is told by `RetryAppBar`.
 void UpdateAppBar(SecondaryTaskbar& bar, const RECT& place) noexcept;
-// AppBarTimer.
+// At AppBarTimer: tells the shell again.
 void RetryAppBar(SecondaryTaskbar& bar) noexcept;
 // The shell has started anew, and knows nothing of the bar.
 void RegisterAppBarAnew(SecondaryTaskbar& bar) noexcept;
@@ -24,7 +24,7 @@ void ReleaseAppBar(SecondaryTaskbar& bar) noexcept;
 
 // Notes where the shell's taskbar stands.
 void ReadPrimaryTaskbarRect() noexcept;
-// As noted; empty before.
+// Where it stood then, in screen coordinates; empty if it was never read.
 const RECT& PrimaryTaskbarRect() noexcept;
 
 }  // namespace halyard

@@ -46,8 +46,8 @@ RECT LessSizingStrip(const RECT& bar, DWORD edge) noexcept;
 RECT DraggedSize(const RECT& bar, DWORD edge, POINT from, POINT to) noexcept;
 
 // What a user's sizing of a bar to `proposed` comes to: the rows or the width in `shape`, the rectangle as the result.
-// Neither more than half the display nor less than a row; small enough, the bar collapses, but not an auto-hide bar on
-// the top or bottom edge.
+// A bar takes half of the display at most, and a row or the least width at least. One that is sized to almost nothing
+// collapses to a strip, but for an auto-hide bar on the top or bottom edge.
 RECT ConstrainSize(const RECT& proposed, const RECT& display, bool autohide, BarShape& shape,
                    const TaskbarMetrics& metrics) noexcept;
 

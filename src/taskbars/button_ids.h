@@ -7,7 +7,7 @@ namespace halyard {
 
 inline constexpr WORD FirstButtonId = 100;
 inline constexpr unsigned ButtonIdCount = 4096;
-// What a button has that came when no id was left. Such buttons can't be told apart by the toolbar.
+// The id of every button that comes when no other is left. The toolbar can't tell such buttons apart.
 inline constexpr WORD NoButtonId = 65535;
 // Never handed out: the bar's menu has a command of that number, and the toolbar reports clicks as commands, too.
 inline constexpr WORD MenuCommandId = 1043;

@@ -26,7 +26,7 @@ struct Sizing {
 
 Sizing sizing;
 
-// Where the message that is being handled found the cursor.
+// Where the cursor was when the message that is being handled was made.
 POINT MessagePoint() noexcept {
     return PointOf(static_cast<LPARAM>(GetMessagePos()));
 }

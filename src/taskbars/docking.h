@@ -12,14 +12,14 @@ inline constexpr UINT HidePeriod = 500;     // ms
 // Where the bar stands when shown.
 RECT ComputeTaskbarRect(const SecondaryTaskbar& bar) noexcept;
 
-// Brings the bar to where it should stand, with `force` even if it stands there. `reserve`: an application bar's space
-// goes with it.
+// Brings the bar to where it should stand, with `force` even if it stands there. `reserve`: the space that
+// the shell keeps free goes with it.
 void ApplyTaskbarRect(SecondaryTaskbar& bar, bool reserve, bool force) noexcept;
 
 // Turns a bar with reserved space into an auto-hide one and back; nothing for a bar that is in that state.
 void SetAutohide(SecondaryTaskbar& bar, bool on) noexcept;
 
-// Nothing but for an auto-hide bar that is in the other state.
+// Slides an auto-hide bar away or back. Nothing for a bar that is there already, or doesn't hide.
 void SlideTaskbar(SecondaryTaskbar& bar, bool hide) noexcept;
 // Slides the bar away unless it is being used. True: it need not be watched any more.
 bool TryHideTaskbar(SecondaryTaskbar& bar) noexcept;

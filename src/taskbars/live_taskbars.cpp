@@ -9,7 +9,7 @@ namespace {
 Row<SecondaryTaskbar*> live;
 Row<SecondaryTaskbar*> retired;  // without a window, until their message comes
 
-// Whether it was there.
+// False: it wasn't there.
 bool TakeOut(Row<SecondaryTaskbar*>& bars, const SecondaryTaskbar* bar) noexcept {
     for (unsigned index = 0; index < bars.Count(); ++index) {
         if (bars.At(index) != bar) continue;

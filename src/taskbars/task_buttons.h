@@ -21,7 +21,7 @@ void UncheckOtherButtons(SecondaryTaskbar& bar, const TaskButton* except) noexce
 void CheckButton(SecondaryTaskbar& bar, const TaskButton& button) noexcept;
 bool IsChecked(const SecondaryTaskbar& bar, const TaskButton& button) noexcept;
 
-// Looks for the window's icon, which its buttons on all bars get when it is found.
+// Looks for the window's icon. When one is found, the window's buttons on all bars get it.
 void GiveButtonIcon(HWND window) noexcept;
 
 // The entry at a point in screen coordinates; negative where there is none.

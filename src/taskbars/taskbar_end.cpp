@@ -29,7 +29,7 @@ void DestroyTaskbar(SecondaryTaskbar& bar) noexcept {
         RemoveButton(bar, bar.buttons.At(0)->window, true);
     AttachShellHook(bar, false);
     ForgetDrag(bar);
-    // What comes from here on is the platform's alone.
+    // An unbound window passes its last messages on to the platform.
     SetWindowLongPtrA(bar.window, GWLP_USERDATA, 0);
     DestroyWindow(bar.window);
     ReleaseAppBar(bar);

@@ -27,7 +27,7 @@ bool HasPrimaryTaskbar(HMONITOR display) noexcept {
 }
 
 void MakeTaskbar(DWORD index, HMONITOR display, const MONITORINFOEXA& info) noexcept {
-    // In the list of bars first: what comes while its window is made looks for it there.
+    // It is in the list of bars before its window is made, since messages to the window look for it there.
     SecondaryTaskbar* bar = AddTaskbar();
     if (bar) InitTaskbar(*bar, index, display, info.rcMonitor);
 }

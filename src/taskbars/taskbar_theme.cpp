@@ -9,7 +9,7 @@ namespace halyard {
 
 namespace {
 
-// Shared by all bars: the platform's look is one.
+// All bars share one look.
 struct Look {
     HTHEME theme = nullptr;  // of the class "TASKBAR"; null where nothing of it is to be had
     const TaskbarMetrics* metrics = &ClassicMetrics;

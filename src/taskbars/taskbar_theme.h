@@ -8,7 +8,8 @@ namespace halyard {
 // Whether the platform's theme draws the bars. Without, or with one that has nothing for taskbars, they are drawn in
 // the classic look.
 bool DrawsWithTheme() noexcept;
-// Whether there are visual styles with nothing for taskbars: controls are drawn with them all the same.
+// Whether there are visual styles that have nothing for taskbars. The platform still draws the toolbar's buttons with
+// them.
 bool HasForeignTheme() noexcept;
 const TaskbarMetrics& ActiveMetrics() noexcept;
 
@@ -21,8 +22,8 @@ void ApplyToolbarMetrics(SecondaryTaskbar& bar) noexcept;
 // Draws what is behind the buttons. Client coordinates of what the context belongs to.
 void DrawBarBackground(const SecondaryTaskbar& bar, HDC dc, const RECT& bounds) noexcept;
 
-// Whether a strip on the bar's inner side is set apart, by which it is sized. Where not, the platform's own frame does
-// it, or the bar is locked.
+// Whether the bar sets a strip apart on its inner side, by which it is sized. A classic bar has the platform's sizing
+// frame instead, and a locked bar isn't sized.
 bool HasSizingStrip(const SecondaryTaskbar& bar) noexcept;
 // WM_NCPAINT draws it. False where the platform's own frame is to be drawn.
 bool DrawSizingStrip(const SecondaryTaskbar& bar) noexcept;

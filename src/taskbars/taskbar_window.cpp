@@ -52,7 +52,7 @@ void OnShellEvent(SecondaryTaskbar& bar, WPARAM event, HWND window) noexcept {
     }
 }
 
-// The shell has started anew, and knows nothing of us.
+// A shell that has started anew knows nothing of the bars.
 void OnTaskbarCreated(SecondaryTaskbar& bar) noexcept {
     InstallTrayHook();
     ReadPrimaryTaskbarRect();
@@ -66,7 +66,7 @@ void OnSize(SecondaryTaskbar& bar, LONG width, LONG height) noexcept {
     SizeButtons(bar);
 }
 
-// Notices of the bar's own toolbar lie on this thread's stack. Whatever another program calls a notice isn't looked at.
+// The toolbar's notices lie on this thread's stack. A notice that another program made up doesn't, and isn't looked at.
 bool IsNotice(const SecondaryTaskbar& bar, LPARAM lParam, SIZE_T size) noexcept {
     return IsOnOwnStack(lParam, size) && reinterpret_cast<const NMHDR*>(lParam)->hwndFrom == bar.toolbar;
 }

@@ -11,7 +11,7 @@ inline constexpr char TaskbarWindowClass[] = "TevralHalyardTaskbar";
 // display, in screen coordinates. A bar whose window can't be made stays without one.
 void InitTaskbar(SecondaryTaskbar& bar, DWORD displayIndex, HMONITOR display, const RECT& displayRect) noexcept;
 
-// After the last bar has gone: the class would keep the library's address after the library.
+// For the end of all bars: a class that stayed would name a procedure in a library that may be unmapped.
 void UnregisterTaskbarClass() noexcept;
 
 }  // namespace halyard

@@ -20,10 +20,11 @@ constexpr ReadingMessage ReadingMessages[] = {
 };
 
 WNDPROC controlProcedure = nullptr;  // of all toolbars
-unsigned ownCalls = 0;               // under way
+unsigned ownCalls = 0;               // of `AskToolbar` that are under way
+unsigned handled = 0;                // messages that toolbars are handling
 
-// Where a screen reader wants its answers: in room that it has allocated in this process, at the very start of it. Our
-// own memory isn't overwritten there, heaps apart, which begin so as well.
+// Whether the address is the start of memory that another program has allocated in this process, as screen readers do
+// for their answers. Of the memory that this process uses itself, only a heap starts like that.
 bool IsForeignRoom(LPARAM address) noexcept {
     constexpr SIZE_T LeastRoom = 1024;  // for the longest text that a button has
     constexpr DWORD MostHeaps = 256;
@@ -46,13 +47,15 @@ bool IsReading(UINT message, LPARAM lParam) noexcept {
     return false;
 }
 
-// The bar lets go of its window before it destroys it.
+// Whether the bar is being destroyed: it unbinds its window first.
 bool IsEnding(HWND toolbar) noexcept {
     return GetWindowLongPtrA(GetParent(toolbar), GWLP_USERDATA) == 0;
 }
 
 bool IsBelieved(HWND toolbar, UINT message, LPARAM lParam) noexcept {
     if (ownCalls > 0 || message >= FirstRegisteredMessage) return true;
+    // A control may send itself messages while it handles one.
+    if (handled > 0 && !InSendMessage()) return true;
     switch (message) {
     case WM_NOTIFY: return IsOnOwnStack(lParam, sizeof(NMHDR));
     case WM_NCCREATE:
@@ -66,8 +69,12 @@ bool IsBelieved(HWND toolbar, UINT message, LPARAM lParam) noexcept {
 
 LRESULT CALLBACK GuardProcedure(HWND toolbar, UINT message, WPARAM wParam, LPARAM lParam) {
     if (!IsBelieved(toolbar, message, lParam)) return 0;
-    return IsWindowUnicode(toolbar) ? CallWindowProcW(controlProcedure, toolbar, message, wParam, lParam)
-                                    : CallWindowProcA(controlProcedure, toolbar, message, wParam, lParam);
+    ++handled;
+    const LRESULT result = IsWindowUnicode(toolbar)
+                               ? CallWindowProcW(controlProcedure, toolbar, message, wParam, lParam)
+                               : CallWindowProcA(controlProcedure, toolbar, message, wParam, lParam);
+    --handled;
+    return result;
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include "behaviours/placement.h"
 #include "displays/displays.h"
 #include "hook/behaviours.h"
+#include "hook/tracked_window.h"
 #include "support/rect_values.h"
 #include "support/store_fixture.h"
 #include "support/test_windows.h"

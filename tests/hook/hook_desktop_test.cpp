@@ -9,6 +9,23 @@ using HookTest = DesktopTest;
 
 constexpr char LibraryFile[] = "tvlHalyd.dll";
 
+// Both copies of the command wait when the program gets to them.
+TEST_F(HookTest, RunACommandThatWaitsTwiceOnce) {
+    constexpr WPARAM TopmostItem = 64769;
+    StartLoader();
+    const Sample sample = OpenSample("Twice");
+    ASSERT_TRUE(WindowsBecome(0, 1));
+    const auto isTopmost = [&] { return (GetWindowLongA(sample.window, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0; };
+    for (const bool topmost : {true, false}) {
+        PostMessageA(sample.window, sample::Hang, 300, 0);
+        PostMessageA(sample.window, WM_SYSCOMMAND, TopmostItem, 0);
+        PostMessageA(sample.window, WM_SYSCOMMAND, TopmostItem, 0);
+        EXPECT_TRUE(Eventually([&] { return isTopmost() == topmost; }));
+        Ask(sample.window, WM_NULL);
+        EXPECT_EQ(isTopmost(), topmost);
+    }
+}
+
 TEST_F(HookTest, KeepOutOfExcludedProgramsAndClasses) {
     const std::string scratch = ScratchFolder();
     const std::string excludedPath = CopyTo(scratch, sample::File, "excluded.exe");
@@ -53,56 +70,6 @@ TEST_F(HookTest, BringNoLibraryAlongThatNothingNeeds) {
     ASSERT_TRUE(BecomesVisible(hooked.window));
     ASSERT_NE(hooked.program->Module(LibraryFile), nullptr);
     EXPECT_EQ(MappedOf(hooked), withoutHooks);
-}
-
-int WidthOf(HWND window) {
-    RECT place = {};
-    GetWindowRect(window, &place);
-    return place.right - place.left;
-}
-
-TEST_F(HookTest, LetProgramsOfSpecialNamesLive) {
-    constexpr const char* Names[] = {"xsi.exe",     "QLPlay2.exe",  "winproj.exe", "ACAD.EXE",    "corelpp.exe",
-                                     "modeler.exe", "lightwav.exe", "maya.exe",    "explorer.exe"};
-    for (const char* setting : {"WindowMem", "Autodock", "DialogControl", "CtrlMax", "DragTrans"})
-        WriteNumber(published::ProductKey, setting, 1);
-    const std::string scratch = ScratchFolder();
-    StartLoader();
-    std::vector<Sample> samples;
-    for (const char* name : Names)
-        samples.push_back(OpenProgram(CopyTo(scratch, sample::File, name), {}, sample::DefaultTitle));
-    ASSERT_TRUE(WindowsBecome(0, static_cast<unsigned>(samples.size())));
-    for (const Sample& sample : samples) {
-        EXPECT_NE(sample.program->Module(LibraryFile), nullptr);
-        const int width = WidthOf(sample.window);
-        PostMessageA(sample.window, WM_SYSCOMMAND, SC_MAXIMIZE, 0);
-        EXPECT_TRUE(Eventually([&] { return WidthOf(sample.window) > width; })) << Describe(sample.window);
-        PostMessageA(sample.window, WM_SYSCOMMAND, SC_RESTORE, 0);
-        EXPECT_TRUE(Eventually([&] { return WidthOf(sample.window) == width; })) << Describe(sample.window);
-    }
-    Switch(1);
-    for (const Sample& sample : samples)
-        EXPECT_TRUE(BecomesHidden(sample.window));
-    Switch(0);
-    for (std::size_t index = 0; index < samples.size(); ++index) {
-        EXPECT_TRUE(BecomesVisible(samples[index].window)) << Names[index];
-        PostMessageA(samples[index].window, WM_CLOSE, 0, 0);
-        EXPECT_TRUE(samples[index].program->Ends(WaitLimit)) << Names[index];
-        EXPECT_EQ(samples[index].program->ExitStatus(), 0u) << Names[index];
-    }
-}
-
-TEST_F(HookTest, TakeTheProgramsWindowsOutOfTheServersMapWithTheLibrary) {
-    StartLoader();
-    const Sample leaving = OpenSample("Leaving");
-    const Sample staying = OpenSample("Staying");
-    ASSERT_TRUE(WindowsBecome(0, 2));
-    Switch(1);
-    ASSERT_TRUE(BecomesHidden(leaving.window));
-    ASSERT_EQ(Ask(leaving.window, sample::DropLibrary), 1);
-    EXPECT_TRUE(BecomesVisible(leaving.window)) << "forgotten, and so shown";
-    EXPECT_TRUE(WindowsBecome(0, 1));
-    EXPECT_TRUE(StaysHidden(staying.window));
 }
 
 }  // namespace

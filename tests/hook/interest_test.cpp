@@ -16,14 +16,6 @@ Numbers Edges(const RECT& rect) {
     return {rect.left, rect.top, rect.right, rect.bottom};
 }
 
-TEST(InterestTable, HoldsElevenMessages) {
-    Numbers interesting;
-    for (LONG message = 0; message < 0x20000; ++message)
-        if (IsInteresting(static_cast<unsigned>(message))) interesting.push_back(message);
-    EXPECT_EQ(interesting, (Numbers{1, 2, 6, 26, 71, 125, 126, 132, 133, 279, 561}));
-    EXPECT_FALSE(IsInteresting(0x80000001) || IsInteresting(0xFFFF0001)) << "the high word counts";
-}
-
 // The nearest place inside; of what is too large, the far edges meet.
 TEST(KeepInside, HoldsForAnyPlaceAndSize) {
     std::mt19937 random(99);

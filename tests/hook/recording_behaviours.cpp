@@ -2,6 +2,7 @@
 
 #include "hook/behaviours.h"
 #include "hook/reload.h"
+#include "hook/tracked_window.h"
 
 #include <utility>
 
@@ -74,10 +75,10 @@ void PlaceDialog(TrackedWindow& tracked) noexcept {
 void RefreshAfterDisplayChange(TrackedWindow& tracked) noexcept {
     recording.Add("RefreshAfterDisplayChange", tracked.window);
 }
-void ReloadSettings() noexcept {
+void ReloadSettings(LPARAM) noexcept {
     recording.Add("ReloadSettings", recording.subject);
 }
-void ReloadDesktops() noexcept {
+void ReloadDesktops(LPARAM) noexcept {
     recording.Add("ReloadDesktops", recording.subject);
 }
 

@@ -5,33 +5,6 @@
 namespace halyard::test {
 namespace {
 
-TEST_F(StoreTest, TextsAreThoseOfTheTable) {
-    struct {
-        unsigned id;
-        const char* text;  // null: none
-    } const cases[] = {
-        {2001, "Tevral Ombrel Windows Manager"},
-        {2002, "Quillane Ombrel Windows Manager by Tevral"},
-        {2025, "There is no help topic for this item."},
-        {2065, "F24"},
-        {2093, "Tevral Properties"},
-        {2000, ""},
-        {2024, ""},
-        {1999, nullptr},
-        {3000, nullptr},
-        {0xFFFFFFFF, nullptr},
-    };
-    for (const auto& [id, text] : cases) {
-        EXPECT_STREQ(text, LookupString(id)) << id;
-        EXPECT_STREQ(text ? text : "", LookupText(id).Text()) << id;
-        EXPECT_STREQ(text, LoadStringForLanguage(0x409, id));
-        EXPECT_EQ(nullptr, LoadStringForLanguage(0x407, id)) << "in German";
-    }
-    EXPECT_FALSE(IsAlternativeBrand());
-    profile.moduleInstance = GetModuleHandleA("kernel32.dll");
-    EXPECT_EQ(nullptr, LookupString(2001)) << "a module without them";
-}
-
 // Each of these runs on a system of its own, where the others would fail.
 class SystemVersion : public StoreTest {
 protected:

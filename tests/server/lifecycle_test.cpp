@@ -6,55 +6,6 @@
 namespace halyard::test {
 namespace {
 
-LONG WINAPI OwnFilter(EXCEPTION_POINTERS*) {
-    return EXCEPTION_CONTINUE_SEARCH;
-}
-
-class LoadTest : public ServerTest {
-protected:
-    // As in a process that is started anew.
-    static void Reload() {
-        Unload();
-        profile.hookEngineActive = true;
-        OnLoad(GetModuleHandleA(nullptr));
-    }
-};
-
-TEST_F(LoadTest, ChoosesTheHiveAheadOfWhatIsReadFromIt) {
-    StoreDword(HKEY_CURRENT_USER, ProductPath(), "CtrlMax", 1);
-    MakeKey(HKEY_CURRENT_USER, ProductPath("Desktops\\3"));
-    StoreDword(HKEY_LOCAL_MACHINE, ProductPath(), "CtrlMax", 2);
-    MakeKey(HKEY_LOCAL_MACHINE, ProductPath("Desktops\\4"));
-    Reload();
-    EXPECT_EQ(2u, settings.CtrlMax());
-    EXPECT_TRUE(desktopList.Has(4) && !desktopList.Has(3));
-    EXPECT_EQ(RegisterWindowMessageA("TevralHalyardSettingMsg"), profile.settingMessage);
-    EXPECT_EQ(RegisterWindowMessageA("TevralHalyardRestartMsg"), profile.restartMessage);
-}
-
-TEST_F(LoadTest, StandsInTheWayOfCrashesUntilItIsUnloaded) {
-    Unload();
-    const auto before = SetUnhandledExceptionFilter(OwnFilter);
-    OnLoad(GetModuleHandleA(nullptr));
-    const auto ours = SetUnhandledExceptionFilter(OwnFilter);
-    EXPECT_NE(OwnFilter, ours);
-    SetUnhandledExceptionFilter(ours);
-    Unload();
-    EXPECT_EQ(OwnFilter, SetUnhandledExceptionFilter(before));
-    OnLoad(GetModuleHandleA(nullptr));
-}
-
-TEST_F(LoadTest, UnloadingEndsOnlyTheServersOwnWindow) {
-    const TestWindow server(WindowForm{.style = WS_POPUP});
-    SetServerWindow(server.get());
-    OnUnload();
-    EXPECT_EQ(server.get(), ServerWindow());
-    profile.isServerProcess = true;
-    OnUnload();
-    EXPECT_EQ(nullptr, ServerWindow());
-    EXPECT_FALSE(IsWindow(server.get()));
-}
-
 class StatesTest : public ServerTest {
 protected:
     // Whether the window stands, the hooks are in, and what `Run` says in the registry ("-" for nothing).

@@ -71,14 +71,6 @@ TEST_F(LoaderTest, HandsItsSwitchesToTheResident) {
     EXPECT_EQ(NumberOr(published::ProductKey, "Run", 99), 1u) << "the next start enables the system again";
 }
 
-// Only the owner of the mutex is resident: others have it open for as long as they hand over their switches.
-TEST_F(LoaderTest, StartsBesideOneThatHandsOver) {
-    const HANDLE open = CreateMutexA(nullptr, FALSE, published::LoaderMutex);
-    StartLoader();
-    EXPECT_FALSE(loader->Ends(0));
-    CloseHandle(open);
-}
-
 TEST_F(LoaderTest, EndsWithTheSession) {
     StartLoader();
     const Sample sample = OpenSample("Hidden");

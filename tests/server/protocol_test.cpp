@@ -3,6 +3,7 @@
 
 #include <atomic>
 #include <cstring>
+#include <functional>
 #include <regex>
 #include <thread>
 
@@ -43,28 +44,49 @@ TEST_F(ProtocolTest, RestartReadsTheRegistryAgain) {
     }
 }
 
-TEST_F(ProtocolTest, AProgramKeepsItsSettingsUntilABroadcastFindsAWindowOfIt) {
+// Each road that README names brings a value into force that was changed by hand.
+TEST_F(ProtocolTest, ValuesChangedByHandReachRunningPrograms) {
     StartLoader();
-    const Sample witness = OpenSample("Witness");
-    const Sample windowless = OpenSample("Windowless");
-    ASSERT_TRUE(WindowsBecome(0, 2));
-    const auto tell = [] { PostMessageA(HWND_BROADCAST, RegisterWindowMessageA(published::SettingBroadcast), 1, 0); };
-    const auto maximisesTo = [](HWND window, LONG width) {
+    const Sample sample = OpenSample("Told");
+    ASSERT_TRUE(WindowsBecome(0, 1));
+    const auto maximisesTo = [&](LONG width) {
         for (const WPARAM command : {SC_RESTORE, SC_MAXIMIZE})
-            PostMessageA(window, WM_SYSCOMMAND, command, 0);
+            PostMessageA(sample.window, WM_SYSCOMMAND, command, 0);
         RECT place = {};
-        return Eventually([&] { return GetWindowRect(window, &place) && place.right - place.left == width; });
+        return Eventually([&] { return GetWindowRect(sample.window, &place) && place.right - place.left == width; });
     };
-    // The platform's own window for the input of text is in a broadcast as well.
-    for (HWND window : {windowless.window, WindowOf(windowless.program->Id(), "Default IME")})
-        SetParent(window, HWND_MESSAGE);
-    WriteNumber(published::ProductKey, "CtrlMax", 2);
-    tell();
-    EXPECT_TRUE(maximisesTo(witness.window, 2048 + 8)) << Describe(witness.window);
-    SetParent(windowless.window, nullptr);
-    EXPECT_TRUE(maximisesTo(windowless.window, 1024 + 8)) << Describe(windowless.window);
-    tell();
-    EXPECT_TRUE(maximisesTo(windowless.window, 2048 + 8)) << Describe(windowless.window);
+    const std::pair<const char*, std::function<void()>> roads[] = {
+        {"restart", [] { AskServer(published::Restart, 1); }},
+        {"off and on", [&] { Loader("--disable --enable"); }},
+        {"end and start", [&] { QuitLoader(), StartLoader(); }},
+    };
+    for (const auto& [name, take] : roads)
+        for (const DWORD everywhere : {2, 0}) {
+            WriteNumber(published::ProductKey, "CtrlMax", everywhere);
+            take();
+            EXPECT_TRUE(maximisesTo(everywhere ? 2048 + 8 : 1024 + 8)) << name << ": " << Describe(sample.window);
+        }
+}
+
+using ServerTest = DesktopTest;
+
+TEST_F(ServerTest, IsNotForClosing) {
+    StartLoader();
+    Ask(Server(), WM_CLOSE);
+    Ask(Server(), WM_SYSCOMMAND, SC_CLOSE);
+    EXPECT_NE(Server(), nullptr);
+}
+
+TEST_F(ServerTest, StartsWhollyAfterOneThatLeftByExit) {
+    StartLoader();
+    const HMODULE kernel = GetModuleHandleA("kernel32.dll");
+    const auto exit =
+        reinterpret_cast<LPTHREAD_START_ROUTINE>(reinterpret_cast<void*>(GetProcAddress(kernel, "ExitProcess")));
+    CloseHandle(CreateRemoteThread(loader->Handle(), nullptr, 0, exit, nullptr, 0, nullptr));
+    ASSERT_TRUE(loader->Ends(WaitLimit));
+    StartLoader();
+    OpenSample("Managed");
+    EXPECT_TRUE(WindowsBecome(0, 1));
 }
 
 constexpr char LibraryFile[] = "tvlHalyd.dll";
@@ -92,17 +114,6 @@ public:
         // Another process writes it.
         std::atomic_signal_fence(std::memory_order_seq_cst);
         return *block;
-    }
-    published::SharedBlock BlockOf(const Child& child) const {
-        published::SharedBlock read = {};
-        const auto offset = reinterpret_cast<const char*>(block) - reinterpret_cast<const char*>(module);
-        const auto* other = reinterpret_cast<const char*>(child.Module(LibraryFile));
-        if (other) ReadProcessMemory(child.Handle(), other + offset, &read, sizeof(read), nullptr);
-        return read;
-    }
-    int SetActiveDesktop(unsigned id) const {
-        void* entry = reinterpret_cast<void*>(GetProcAddress(module, "SetActiveDesktop"));
-        return reinterpret_cast<int (*)(unsigned)>(entry)(id);
     }
 
 private:
@@ -154,34 +165,31 @@ TEST_F(ProtocolTest, TheServerWindowStandsBeforeTheHooksAndAfterThem) {
     StartLoader();
     // Either may miss states, but has no other ones and none out of order.
     const std::string atStart = start.Stop();
-    EXPECT_TRUE(std::regex_match(atStart, std::regex("01?3?7?F"))) << atStart;
+    EXPECT_TRUE(std::regex_match(atStart, std::regex("01?5?D?F"))) << atStart;
     BlockWatch end(library);
     QuitLoader();
     const std::string atEnd = end.Stop();
     EXPECT_TRUE(std::regex_match(atEnd, std::regex("FD?9?1?0"))) << atEnd;
 }
 
-TEST_F(ProtocolTest, AllProcessesSeeOneSharedBlock) {
+// Neither over the same library nor over a copy of it, which has a shared block of its own.
+TEST_F(ServerTest, IsOneInASession) {
     StartLoader();
-    const Sample sample = OpenSample("Sharing");
+    const Sample sample = OpenSample("Served");
     ASSERT_TRUE(WindowsBecome(0, 1));
-    const MappedLibrary library;
-    ASSERT_TRUE(library);
-    Switch(2);
-    const published::SharedBlock here = library.Block();
-    const published::SharedBlock there = library.BlockOf(*sample.program);
-    EXPECT_EQ(std::memcmp(&here, &there, sizeof(here)), 0);
-
-    EXPECT_EQ(here.currentDesktopId, 2u);
-    EXPECT_EQ(here.serverWindow, static_cast<DWORD>(HandleToLong(Server())));
-    EXPECT_EQ(here.hooksInstalled, 1);
-
-    // A switch that another process than the server's asks for.
-    EXPECT_EQ(library.SetActiveDesktop(0), 1);
-    EXPECT_TRUE(BecomesVisible(sample.window));
-    AskServer(published::Restart, 0);
-    EXPECT_EQ(library.SetActiveDesktop(1), 0) << "without hooks";
-    EXPECT_EQ(library.Block().currentDesktopId, 0u);
+    Switch(1);
+    ASSERT_TRUE(BecomesHidden(sample.window));
+    const HWND server = Server();
+    const std::string copy = CopyTo(ScratchFolder(), LibraryFile, LibraryFile);
+    for (const std::string& path : {BinFolder() + LibraryFile, copy}) {
+        const HMODULE module = LoadLibraryA(path.c_str());
+        for (const char* name : {"ServerInit", "Enable", "Disable", "ServerUninit"})
+            reinterpret_cast<void (*)()>(reinterpret_cast<void*>(GetProcAddress(module, name)))();
+        FreeLibrary(module);
+        EXPECT_EQ(Server(), server);
+        EXPECT_EQ(Status("hooks"), "in");
+        EXPECT_TRUE(StaysHidden(sample.window));
+    }
 }
 
 }  // namespace

@@ -80,43 +80,6 @@ const HiveCase HiveCases[] = {
 
 class SettingsTest : public StoreTest {};
 
-TEST_F(SettingsTest, TheHiveIsChosenByTheMachinesKey) {
-    for (const HiveCase& test : HiveCases) {
-        SCOPED_TRACE(test.what);
-        profile.isNtFamily = test.before == HKEY_LOCAL_MACHINE;
-        MakeKey(HKEY_LOCAL_MACHINE, ProductPath());
-        ChooseHive();
-        ASSERT_EQ(test.before, ChosenHive());
-        if (!test.machineKey) DeleteTree(HKEY_LOCAL_MACHINE, "Software\\Tevral, Inc.");
-        if (test.admin) StoreDword(HKEY_LOCAL_MACHINE, ProductPath(), "Admin", *test.admin);
-        profile.isNtFamily = test.ntFamily;
-        // Reading the settings makes the choice anew.
-        settings.Load();
-        EXPECT_EQ(test.expected, ChosenHive());
-        DeleteTree(HKEY_LOCAL_MACHINE, "Software\\Tevral, Inc.");
-    }
-}
-
-TEST_F(SettingsTest, AreReadEachAloneAndKeptWhenTheKeyIsGone) {
-    // Reading the program's own values would make the key.
-    profile.isServerProcess = true;
-    settings.Load();
-    for (const Field& field : Fields)
-        EXPECT_EQ(field.built, field.get()) << field.name << " without a key";
-    for (const Field& field : Fields) {
-        for (const DWORD stored : {0u, 1u, 2u, 3000000000u}) {
-            StoreDword(HKEY_CURRENT_USER, ProductPath(), field.name, stored);
-            ReadAnew();
-            for (const Field& other : Fields)
-                EXPECT_EQ(&other == &field ? field.AsRead(stored) : other.missing, other.get())
-                    << other.name << " with " << field.name << " = " << stored;
-        }
-        DeleteTree(HKEY_CURRENT_USER, ProductPath());
-        settings.Load();
-        EXPECT_EQ(field.AsRead(3000000000u), field.get()) << field.name;
-    }
-}
-
 TEST_F(SettingsTest, FallToTheirDefaultsAloneWhereTheyAreDamaged) {
     for (const Field& field : Fields)
         StoreDword(HKEY_CURRENT_USER, ProductPath(), field.name, 7);
@@ -168,22 +131,6 @@ TEST_F(SettingsTest, ComeBackAsTheyWereSaved) {
             }
         }
     }
-}
-
-TEST_F(SettingsTest, ChangeInMemoryOnlyWhereTheMachinesKeyCannotBeWritten) {
-    UseMachineHive();
-    StoreDword(HKEY_LOCAL_MACHINE, ProductPath(), "CtrlMax", 2);
-    Restrict(HKEY_LOCAL_MACHINE, ProductPath());
-    settings.Load();
-    EXPECT_EQ(2u, settings.CtrlMax());
-    settings.SetCtrlMax(1);
-    settings.SetRun(true);
-    settings.Save();
-    WriteIndexedValue(2, "Task", 7);
-    EXPECT_TRUE(settings.Run());
-    EXPECT_EQ(1u, settings.CtrlMax());
-    EXPECT_EQ(2u, StoredDword(HKEY_LOCAL_MACHINE, ProductPath(), "CtrlMax"));
-    EXPECT_EQ(Names{"CtrlMax"}, ValueNames(HKEY_LOCAL_MACHINE, ProductPath()));
 }
 
 TEST_F(SettingsTest, OnlyAdministratorsChangeThoseOfTheMachine) {
@@ -238,17 +185,6 @@ TEST_F(SettingsTest, HaveValuesOfTheProgramBesideThemInTheUsersHive) {
     DeleteTree(HKEY_CURRENT_USER, AppPath());
     settings.Load();
     EXPECT_FALSE(settings.AppAutodockSet() || settings.AppWindowMem());
-}
-
-TEST_F(SettingsTest, ValuesOfADisplayCarryItsNumberInHexadecimal) {
-    WriteIndexedValue(1, "Width", 5);
-    EXPECT_FALSE(KeyExists(HKEY_CURRENT_USER, ProductPath()));
-    MakeKey(HKEY_CURRENT_USER, ProductPath());
-    for (const auto& [index, name] : {std::pair(0u, "Width_0"), {10u, "Width_A"}, {0xFFFFFFFFu, "Width_FFFFFFFF"}}) {
-        WriteIndexedValue(index, "Width", index + 3);
-        EXPECT_EQ(index + 3, StoredDword(HKEY_CURRENT_USER, ProductPath(), name)) << name;
-        EXPECT_EQ(index + 3, ReadIndexedValue(index, "Width", 33)) << name;
-    }
 }
 
 }  // namespace

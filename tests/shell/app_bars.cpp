@@ -1,5 +1,7 @@
 #include "shell/app_bars.h"
 
+#include "shell/record.h"
+
 #include <shellapi.h>
 
 namespace standin {
@@ -58,6 +60,9 @@ LRESULT AppBars::OnRequest(WPARAM sender, const COPYDATASTRUCT& data) {
     if (data.cbData != sizeof(Request)) return FALSE;
     const auto& request = *static_cast<const Request*>(data.lpData);
     if (data.dwData == ABM_GETTASKBARPOS) return AnswerPlace(ULongToHandle(request.memory), request.process);
+    const auto& [left, top, right, bottom] = request.bar.place;
+    Log("bar " + std::to_string(data.dwData) + " edge " + std::to_string(request.bar.edge) + " at " +
+        std::to_string(left) + "," + std::to_string(top) + "," + std::to_string(right) + "," + std::to_string(bottom));
     if (data.dwData == ABM_NEW) docked.insert({request.bar.window, request.bar.callback});
     if (data.dwData == ABM_REMOVE) docked.erase(request.bar.window);
     const HWND runtime = FindWindowExA(HWND_MESSAGE, window, RequestClass, nullptr);

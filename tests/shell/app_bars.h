@@ -1,5 +1,6 @@
 // The shell's side of the bars that other programs dock. The runtime's own shell keeps answering for their places; it
-// knows no task bar, though, so the stand-in steps in between.
+// knows no task bar, though, so the stand-in steps in between, and logs what it is asked: "bar ABM edge ABE at
+// L,T,R,B".
 #pragma once
 
 #include <map>

@@ -74,17 +74,12 @@ RECT TaskbarTest::DisplayRect(unsigned display) {
 
 HWND TaskbarTest::BarOn(unsigned display) {
     const RECT area = DisplayRect(display);
-    HWND bar = nullptr;
-    while ((bar = FindWindowExA(nullptr, bar, BarClass, nullptr)) != nullptr) {
-        RECT place = {};
-        GetWindowRect(bar, &place);
-        InflateRect(&place, 8, 8);
-        RECT common = {};
-        IntersectRect(&common, &place, &area);
-        if ((common.right - common.left) * (common.bottom - common.top) >
-            (place.right - place.left) * (place.bottom - place.top) / 2)
+    MONITORINFO info = {};
+    info.cbSize = sizeof(info);
+    for (HWND bar = nullptr; (bar = FindWindowExA(nullptr, bar, BarClass, nullptr)) != nullptr;)
+        if (GetMonitorInfoA(MonitorFromWindow(bar, MONITOR_DEFAULTTONEAREST), &info) &&
+            EqualRect(&info.rcMonitor, &area))
             return bar;
-    }
     return nullptr;
 }
 
