@@ -1,21 +1,20 @@
-// How long it takes to bring the windows of ten programs to another desktop and back, against a bare loop of
-// ShowWindowAsync over the same windows. Lines of
-//   CASE WINDOWS HUNG DONE OWN
-// with the number of windows, how many more belong to a program that hangs, and the microseconds for there and back:
-// until every window has followed, and until the calls had returned. The cases are bare, the loop; sweep, what decides
-// and moves the windows; whole, a switch with all that it does, the background included.
+// How long the windows of ten programs take to follow a switch to another desktop, and the switch back, against a bare
+// loop of ShowWindowAsync over the same windows without the product. All through the loader, with the hooks in. Lines
+// of
+//   CASE WINDOWS HUNG AWAY BACK
+// with the number of windows, how many more belong to a program that hangs, and the microseconds until the last window
+// has followed; the cases are bare and switch, measured by turns. With the argument "typed", while somebody presses
+// keys all the time, lines of
+//   typed WINDOWS HUNG MICROSECONDS
+// until the first key has reached a window of the desktop that was switched to.
 #include "bench/clock.h"
 #include "bench/window_host.h"
-#include "desktops/desktop_list.h"
-#include "desktops/desktop_switch.h"
-#include "desktops/window_switch.h"
-#include "process/com.h"
-#include "process/profile.h"
-#include "process/shared_section.h"
+#include "process/protocol.h"
 
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <string>
 
 namespace halyard::bench {
 
@@ -23,91 +22,162 @@ namespace {
 
 constexpr unsigned Programs = 10;
 constexpr unsigned HungWindows = 5;
-constexpr DesktopId OtherDesktop = 1;
+constexpr char LoaderClass[] = "TevralHalyardLoaderWndClass";
+constexpr DWORD SettleTime = 700;  // ms after which the order has been put right
 
-struct Timing {
-    double own;   // until the calls had returned
-    double done;  // until every window had followed
-};
+std::string Loader() {
+    char path[MAX_PATH] = {};
+    GetModuleFileNameA(nullptr, path, MAX_PATH - 1);
+    const std::string own = path;
+    return own.substr(0, own.rfind('\\') + 1) + "tvlhload.exe";
+}
+
+bool RunLoader(const char* switches, bool wait) {
+    std::string line = "\"" + Loader() + "\" " + switches;
+    STARTUPINFOA startup = {};
+    startup.cb = sizeof(startup);
+    PROCESS_INFORMATION started = {};
+    if (!CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &started))
+        return false;
+    if (wait) WaitForSingleObject(started.hProcess, HostPatience);
+    CloseHandle(started.hThread);
+    CloseHandle(started.hProcess);
+    return true;
+}
+
+void Store(const char* path, const char* name, DWORD value) {
+    HKEY key = nullptr;
+    const std::string whole = std::string("Software\\Tevral, Inc.\\Halyard\\") + path;
+    RegCreateKeyExA(HKEY_CURRENT_USER, whole.c_str(), 0, nullptr, 0, KEY_WRITE, nullptr, &key, nullptr);
+    RegSetValueExA(key, name, 0, REG_DWORD, reinterpret_cast<const BYTE*>(&value), sizeof(value));
+    RegCloseKey(key);
+}
+
+// The system on, with two desktops and no wizard.
+bool StartProduct() {
+    for (const char* name : {"Run", "RunWizard", "MultiDesk"})
+        Store("", name, 1);
+    Store("Desktops\\1", "Colour", GetSysColor(COLOR_BACKGROUND));
+    if (!RunLoader("", false)) return false;
+    const DWORD start = GetTickCount();
+    while (!FindWindowA(LoaderClass, nullptr))
+        if (GetTickCount() - start > HostPatience) return false;
+    return true;
+}
+
+HWND Server() {
+    return FindWindowA(ServerWindowClass, nullptr);
+}
+
+void Settle() {
+    Sleep(SettleTime);
+    SendMessageA(Server(), WM_NULL, 0, 0);
+}
+
+void Switch(DesktopId desktop) {
+    PostMessageA(Server(), HM_SWITCH_DESKTOP, 0, static_cast<LPARAM>(desktop));
+}
 
 using Step = void (*)(const std::vector<HWND>& windows, bool away);
 
-void Sweep(const std::vector<HWND>&, bool away) {
-    SetCurrentDesktopId(away ? OtherDesktop : DefaultDesktopId);
-    SwitchWindows(away ? DefaultDesktopId : OtherDesktop);
+void SwitchDesktop(const std::vector<HWND>&, bool away) {
+    Switch(away ? 1 : DefaultDesktopId);
 }
 
 void BareLoop(const std::vector<HWND>& windows, bool away) {
     for (HWND window : windows)
-        ShowWindowAsync(window, away ? SW_HIDE : SW_SHOWNORMAL);
-}
-
-void WholeSwitch(const std::vector<HWND>&, bool away) {
-    Activate(away ? OtherDesktop : DefaultDesktopId);
-}
-
-// There and back.
-bool Measure(Step step, WindowPrograms& programs, const std::vector<HWND>& windows, Timing& timing) {
-    timing = {};
-    for (bool away : {true, false}) {
-        const double start = Now();
-        step(windows, away);
-        timing.own += Now() - start;
-        if (!programs.AwaitAll()) return false;
-        timing.done += Now() - start;
-    }
-    return true;
+        ShowWindowAsync(window, away ? SW_HIDE : SW_SHOWNA);
 }
 
 struct Series {
-    std::vector<double> own;
-    std::vector<double> done;
+    std::vector<double> away, back;
+
     bool Add(Step step, WindowPrograms& programs, const std::vector<HWND>& windows) {
-        Timing timing;
-        if (!Measure(step, programs, windows, timing)) return false;
-        own.push_back(timing.own / 1000);
-        done.push_back(timing.done / 1000);
+        for (const bool leaves : {true, false}) {
+            const double start = Now();
+            step(windows, leaves);
+            if (!programs.AwaitAll()) return false;
+            (leaves ? away : back).push_back((Now() - start) / 1000);
+            Settle();
+        }
         return true;
     }
     void Print(const char* name, unsigned windowCount, bool withHung) const {
-        std::printf("%s %u %u %.0f %.0f\n", name, windowCount, withHung ? HungWindows : 0, Median(done), Median(own));
+        std::printf("%s %u %u %.0f %.0f\n", name, windowCount, withHung ? HungWindows : 0, Median(away), Median(back));
         std::fflush(stdout);
     }
 };
 
-bool Run(unsigned windowCount, bool withHung, unsigned rounds) {
-    WindowPrograms programs;
-    if (!programs.Start(Programs, windowCount / Programs, false)) return false;
-    if (withHung && !programs.Start(1, HungWindows, true)) return false;
-    const std::vector<HWND> windows = programs.Windows();
-    if (windows.size() != windowCount + (withHung ? HungWindows : 0)) return false;
-    for (HWND window : windows)
-        AssignWindow(window, DefaultDesktopId);
-
-    Series bare;
-    Series sweep;
-    Series whole;
-    for (unsigned round = 0; round < rounds; ++round) {
-        if (!bare.Add(BareLoop, programs, windows) || !sweep.Add(Sweep, programs, windows)) return false;
-        // The platform's change of the colour waits for every program, for ever if need be.
-        if (!withHung && !whole.Add(WholeSwitch, programs, windows)) return false;
+// The programs of one measurement, with all their windows on the default desktop.
+class Field {
+public:
+    bool Open(unsigned windowCount, bool withHung) {
+        if (!programs.Start(Programs, windowCount / Programs, false)) return false;
+        if (withHung && !programs.Start(1, HungWindows, true)) return false;
+        windows = programs.Windows();
+        Settle();
+        return windows.size() == windowCount + (withHung ? HungWindows : 0);
     }
-    for (HWND window : windows)
-        ForgetWindow(window);
+    // Windows without a caption aren't the product's business unless they are reported.
+    void Report() const {
+        for (HWND window : windows)
+            PostMessageA(Server(), HM_WINDOW_ATTACH, reinterpret_cast<WPARAM>(window), DefaultDesktopId);
+        Settle();
+    }
+
+    WindowPrograms programs;
+    std::vector<HWND> windows;
+};
+
+bool Measure(unsigned windowCount, bool withHung, unsigned rounds) {
+    Field field;
+    if (!field.Open(windowCount, withHung)) return false;
+    Series bare;
+    Series switched;
+    for (unsigned round = 0; round < rounds; ++round) {
+        if (!RunLoader("--disable", true) || !bare.Add(BareLoop, field.programs, field.windows)) return false;
+        if (!RunLoader("--enable", true)) return false;
+        field.Report();
+        if (!switched.Add(SwitchDesktop, field.programs, field.windows)) return false;
+    }
     bare.Print("bare", windowCount, withHung);
-    sweep.Print("sweep", windowCount, withHung);
-    if (!withHung) whole.Print("whole", windowCount, withHung);
+    switched.Print("switch", windowCount, withHung);
     return true;
 }
 
-int RunAll() {
-    profile.isServerProcess = true;
-    BindCom();
-    desktopList.Add("Default", DefaultDesktopId);
-    desktopList.Add("Other", OtherDesktop);
-    if (Run(10, false, 21) && Run(100, false, 11) && Run(100, true, 11) && Run(1000, false, 3)) return 0;
-    std::fputs("switch_bench: the windows didn't follow\n", stderr);
-    return 1;
+bool MeasureTyped(unsigned windowCount, bool withHung, unsigned rounds) {
+    Field field;
+    if (!field.Open(windowCount, withHung)) return false;
+    field.Report();
+    SetForegroundWindow(field.windows.front());
+    Settle();
+    std::vector<double> times;
+    for (unsigned round = 0; round < rounds; ++round) {
+        Switch(1);
+        if (!field.programs.AwaitAll()) return false;
+        Settle();
+        field.programs.ForgetKeys();
+        const double start = Now();
+        Switch(DefaultDesktopId);
+        if (!field.programs.AwaitAll()) return false;
+        Settle();
+        times.push_back((field.programs.FirstKey() - start) / 1000);
+    }
+    std::printf("typed %u %u %.0f\n", windowCount, withHung ? HungWindows : 0, Median(times));
+    std::fflush(stdout);
+    return true;
+}
+
+int RunAll(bool typed) {
+    bool good = StartProduct();
+    if (typed)
+        good = good && MeasureTyped(10, false, 9) && MeasureTyped(100, false, 7) && MeasureTyped(100, true, 7);
+    else
+        good =
+            good && Measure(10, false, 9) && Measure(100, false, 7) && Measure(100, true, 5) && Measure(1000, false, 3);
+    PostMessageA(FindWindowA(LoaderClass, nullptr), WM_CLOSE, 0, 0);
+    if (!good) std::fputs("switch_bench: the windows didn't follow\n", stderr);
+    return good ? 0 : 1;
 }
 
 }  // namespace
@@ -119,5 +189,5 @@ int main(int count, char** arguments) {
     const auto number = [&](int index) { return static_cast<unsigned>(std::atoi(arguments[index])); };
     if (count == 6 && std::strcmp(arguments[1], HostSwitch) == 0)
         return RunHost(arguments[2], number(3), number(4), number(5) != 0);
-    return RunAll();
+    return RunAll(count == 2 && std::strcmp(arguments[1], "typed") == 0);
 }

@@ -1,8 +1,11 @@
 #include "bench/window_host.h"
 
+#include "bench/clock.h"
+
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
+#include <string>
 
 namespace halyard::bench {
 
@@ -17,6 +20,7 @@ constexpr int Pitch = 24;  // pixels
 HANDLE toldAll = nullptr;
 unsigned ownCount = 0;
 unsigned shownCount = 0;
+double* firstKeySeen = nullptr;
 
 void Tell() noexcept {
     ReleaseSemaphore(toldAll, 1, nullptr);
@@ -36,15 +40,26 @@ BOOL CALLBACK AddHostWindow(HWND window, LPARAM windows) {
     return TRUE;
 }
 
+double* MapFirstKey(HANDLE mapping) noexcept {
+    return static_cast<double*>(MapViewOfFile(mapping, FILE_MAP_WRITE, 0, 0, sizeof(double)));
+}
+
+void OnKey() noexcept {
+    if (*firstKeySeen == 0) *firstKeySeen = Now();
+}
+
 LRESULT CALLBACK HostWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_KEYDOWN) OnKey();
     if (message == WM_WINDOWPOSCHANGED) OnPositionChanged(*reinterpret_cast<const WINDOWPOS*>(lParam));
     return DefWindowProcA(window, message, wParam, lParam);
 }
 
 }  // namespace
 
-int RunHost(const char* semaphore, unsigned first, unsigned count, bool hung) noexcept {
-    toldAll = OpenSemaphoreA(SEMAPHORE_ALL_ACCESS, FALSE, semaphore);
+int RunHost(const char* name, unsigned first, unsigned count, bool hung) noexcept {
+    toldAll = OpenSemaphoreA(SEMAPHORE_ALL_ACCESS, FALSE, name);
+    firstKeySeen = MapFirstKey(OpenFileMappingA(FILE_MAP_WRITE, FALSE, (std::string(name) + "Key").c_str()));
+    if (!toldAll || !firstKeySeen) return 1;
     ownCount = count;
     WNDCLASSA windowClass = {};
     windowClass.lpfnWndProc = HostWndProc;
@@ -70,6 +85,9 @@ int RunHost(const char* semaphore, unsigned first, unsigned count, bool hung) no
 WindowPrograms::WindowPrograms() noexcept {
     std::snprintf(semaphoreName, sizeof(semaphoreName), "HalyardBench%lu", GetCurrentProcessId());
     semaphore = CreateSemaphoreA(nullptr, 0, 100000, semaphoreName);
+    mapping = CreateFileMappingA(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, sizeof(double),
+                                 (std::string(semaphoreName) + "Key").c_str());
+    firstKey = MapFirstKey(mapping);
 }
 
 WindowPrograms::~WindowPrograms() {
@@ -78,6 +96,8 @@ WindowPrograms::~WindowPrograms() {
         WaitForSingleObject(process, HostPatience);
         CloseHandle(process);
     }
+    UnmapViewOfFile(firstKey);
+    CloseHandle(mapping);
     CloseHandle(semaphore);
 }
 
@@ -103,6 +123,14 @@ bool WindowPrograms::Start(unsigned programs, unsigned windowsEach, bool hung) n
 
 bool WindowPrograms::AwaitAll() noexcept {
     return Await(answering);
+}
+
+double WindowPrograms::FirstKey() const noexcept {
+    return *firstKey;
+}
+
+void WindowPrograms::ForgetKeys() noexcept {
+    *firstKey = 0;
 }
 
 bool WindowPrograms::Await(unsigned count) noexcept {

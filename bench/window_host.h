@@ -9,10 +9,10 @@ namespace halyard::bench {
 inline constexpr char HostSwitch[] = "--host";
 inline constexpr DWORD HostPatience = 60000;  // ms
 
-// What a program that was started by `WindowPrograms` runs: opens `count` windows, from the place number
-// `first` on, and tells each time that all of them
-// are shown or all hidden. With `hung` it tells that they are shown and takes no message from then on.
-int RunHost(const char* semaphore, unsigned first, unsigned count, bool hung) noexcept;
+// What a program that was started by `WindowPrograms` runs: opens `count` windows, from the place number `first` on,
+// and tells each time that all of them are shown or all hidden. With `hung` it tells that they are shown and takes no
+// message from then on. `name` is that of the semaphore, and begins the name of the shared memory.
+int RunHost(const char* name, unsigned first, unsigned count, bool hung) noexcept;
 
 // Ends the programs when it goes.
 class WindowPrograms {
@@ -31,11 +31,17 @@ public:
     // All windows of all programs, ascending.
     std::vector<HWND> Windows() const;
 
+    // When a key was first pressed in a window since the last call of `ForgetKeys`, on the clock of `Now`; 0: never.
+    double FirstKey() const noexcept;
+    void ForgetKeys() noexcept;
+
 private:
     bool Await(unsigned count) noexcept;
 
     char semaphoreName[64];
     HANDLE semaphore;
+    HANDLE mapping;
+    double* firstKey;  // shared with the programs
     std::vector<HANDLE> processes;
     unsigned windowCount = 0;
     unsigned answering = 0;

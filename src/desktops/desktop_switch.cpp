@@ -40,19 +40,23 @@ void Switch(DesktopId id) noexcept {
     assert(OnServerThread());
     const DesktopId current = CurrentDesktopId();
     if (id == current) return;
+    const bool exists = desktopList.Has(id);
+    Trace("Switch", "desktop %d to %d", static_cast<int>(current), static_cast<int>(id));
+    if (exists) {
+        // The windows first: asking the shell for its wallpaper takes as long as all of them together.
+        SetCurrentDesktopId(id);
+        SwitchWindows(current);
+    }
     if (const Desktop* found = desktopList.Find(current)) {
         Desktop outgoing = *found;
         StoreOutgoing(outgoing);
         // Not for a desktop that doesn't exist: the background kept then would be given back at the next start, over
         // one that the user has chosen since.
-        if (current == DefaultDesktopId && desktopList.Has(id)) KeepDefaultBackground(outgoing);
+        if (current == DefaultDesktopId && exists) KeepDefaultBackground(outgoing);
     }
-    const Desktop* found = desktopList.Find(id);
+    const Desktop* found = exists ? desktopList.Find(id) : nullptr;
     if (!found) return;
     const Desktop incoming = *found;
-    Trace("Switch", "desktop %d to %d", static_cast<int>(current), static_cast<int>(id));
-    SetCurrentDesktopId(id);
-    SwitchWindows(current);
     ApplyBackground(incoming);
     if (id == DefaultDesktopId) DropDefaultBackground();
 }

@@ -10,19 +10,24 @@ constexpr char KeeperClass[] = "TevralHalyardKeeperWndClass";
 
 enum KeeperMessage : UINT {
     KM_WAKE = WM_APP,  // posted by `TakeKeyboard` to itself, and taken out of the queue at once
-    KM_LOWER,          // posted when the keeper isn't needed any more
+    KM_LOWER,          // posted when the keeper isn't needed any more; wParam: the number of the raise that is over
 };
 
 HWND keeper = nullptr;
 bool raised = false;  // a switch needs it
+unsigned turn = 0;    // how often it has been raised
 
 void OnActivate(HWND window, bool active) noexcept {
-    if (!active && !raised) PostMessageA(window, KM_LOWER, 0, 0);
+    if (!active && !raised) PostMessageA(window, KM_LOWER, turn, 0);
+}
+
+void OnLower(unsigned over) noexcept {
+    if (over == turn) LowerKeeper();
 }
 
 LRESULT CALLBACK KeeperWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-    case KM_LOWER: LowerKeeper(); return 0;
+    case KM_LOWER: OnLower(static_cast<unsigned>(wParam)); return 0;
     case WM_ACTIVATE: OnActivate(window, LOWORD(wParam) != WA_INACTIVE); break;
     case WM_CLOSE:
     case WM_SYSCOMMAND: return 0;  // it can't be closed, moved or minimised from the keyboard
@@ -49,11 +54,15 @@ HWND Keeper() noexcept {
 
 void RaiseKeeper() noexcept {
     raised = true;
-    SetWindowPos(Keeper(), HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
+    ++turn;
+    // There is nothing to draw, and each message that the window gets costs time on the way of a switch.
+    SetWindowPos(Keeper(), HWND_TOPMOST, 0, 0, 0, 0,
+                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW | SWP_NOREDRAW | SWP_NOSENDCHANGING);
 }
 
 void TakeKeyboard() noexcept {
-    RaiseKeeper();
+    if (!raised) RaiseKeeper();
+    if (KeeperHasKeyboard()) return;
     // X ignores a request for the focus that is older than the last change of it, and Wine gives the request the time
     // of the thread's last message. So there must be one now.
     MSG message;
@@ -67,8 +76,12 @@ void LowerKeeper() noexcept {
     if (keeper && !KeeperHasKeyboard()) ShowWindow(keeper, SW_HIDE);
 }
 
-void LowerKeeperSoon() noexcept {
-    PostMessageA(keeper, KM_LOWER, 0, 0);
+void LowerKeeperSoon(unsigned over) noexcept {
+    PostMessageA(keeper, KM_LOWER, over, 0);
+}
+
+unsigned KeeperTurn() noexcept {
+    return turn;
 }
 
 bool KeeperHasKeyboard() noexcept {

@@ -16,8 +16,10 @@ void RaiseKeeper() noexcept;
 void TakeKeyboard() noexcept;
 // Hides it, now or when it loses the foreground.
 void LowerKeeper() noexcept;
-// The same from any thread, a little later.
-void LowerKeeperSoon() noexcept;
+// The same a little later, unless it is raised again until then: `turn` is the number of the raise that is over. Any
+// thread.
+void LowerKeeperSoon(unsigned turn) noexcept;
+unsigned KeeperTurn() noexcept;
 
 bool KeeperHasKeyboard() noexcept;
 void DestroyKeeper() noexcept;

@@ -31,6 +31,7 @@ struct RepairState {
     KeyRow late;  // left out by the last repair
     WindowKey front = 0;
     unsigned number = 0;
+    unsigned keeperTurn = 0;  // at the switch that the order is for
     bool due = false;
     bool running = false;
 };
@@ -67,7 +68,7 @@ void Finish(const Job& job, KeyRow late) noexcept {
     if (job.number != repair.number) return;
     repair.due = false;
     repair.late = std::move(late);
-    LowerKeeperSoon();
+    LowerKeeperSoon(repair.keeperTurn);
 }
 
 struct Listing {
@@ -118,7 +119,10 @@ bool AwaitStillness(Job& job) noexcept {
     const DWORD start = GetTickCount();
     DWORD lastChange = start;
     KeyRow before;
+    DWORD asking = 0;
     while (!IsReplaced(job)) {
+        // Asking about a thousand windows costs the platform something; leave most of the time to the windows.
+        Sleep(PollPeriod + 8 * asking);
         const DWORD asked = GetTickCount();
         FollowFront(job);
         KeyRow present = PresentOrder(job.wanted);
@@ -126,8 +130,7 @@ bool AwaitStillness(Job& job) noexcept {
         if (!AreEqual(present, before)) lastChange = now;
         if (now - lastChange >= StillTime || now - start >= Patience) return true;
         before = std::move(present);
-        // Asking about a thousand windows costs the platform something; leave most of the time to the windows.
-        Sleep(PollPeriod + 8 * (now - asked));
+        asking = now - asked;
     }
     return false;
 }
@@ -231,7 +234,7 @@ void Order(Change change) noexcept {
     const Guard guard(repair.lock.Section());
     repair.due = false;
     repair.running = false;
-    LowerKeeperSoon();
+    LowerKeeperSoon(repair.keeperTurn);
 }
 
 }  // namespace
@@ -242,6 +245,7 @@ void RepairOrder(const KeyRow& wanted, WindowKey front) noexcept {
         repair.arrived.Clear();
         repair.late.Clear();
         repair.front = front;
+        repair.keeperTurn = KeeperTurn();
         return true;
     });
 }

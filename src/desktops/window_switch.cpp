@@ -1,5 +1,6 @@
 #include "desktops/window_switch.h"
 
+#include "desktops/answer_request.h"
 #include "desktops/hidden_mark.h"
 #include "desktops/keyboard_keeper.h"
 #include "desktops/order_repair.h"
@@ -16,7 +17,7 @@ namespace halyard {
 
 namespace {
 
-constexpr UINT FrontTimeout = 200;  // ms that the program of the front window gets to show it
+constexpr DWORD FrontTimeout = 200;  // ms that the program of the front window gets to show it
 
 // How a desktop was left.
 struct DesktopOrder {
@@ -126,56 +127,88 @@ Plan MakePlan(DesktopId left, DesktopId current) noexcept {
     return plan;
 }
 
+void Hide(const SeenRow& windows, const SeenWindow& window, DesktopId current) noexcept {
+    const DesktopId desktop = DesktopOf(windows, window);
+    if (DecideChange(window, desktop, current) != WindowChange::Hide) return;
+    if (HideWithMark(WindowOf(window.key), desktop)) windowDesktopMap.NoteAsked(window.key, Request::Hide);
+}
+
 // From the bottom up: what lies underneath needn't be drawn for a moment.
-void HideWindows(const SeenRow& windows, DesktopId current) noexcept {
-    for (unsigned index = windows.Count(); index > 0; --index) {
-        const SeenWindow& window = windows[index - 1];
-        const DesktopId desktop = DesktopOf(windows, window);
-        if (DecideChange(window, desktop, current) != WindowChange::Hide) continue;
-        if (HideWithMark(WindowOf(window.key), desktop)) windowDesktopMap.NoteAsked(window.key, Request::Hide);
-    }
+void HideAllBut(WindowKey front, const SeenRow& windows, DesktopId current) noexcept {
+    for (unsigned index = windows.Count(); index > 0; --index)
+        if (windows[index - 1].key != front) Hide(windows, windows[index - 1], current);
 }
 
 void ShowIfHidden(const SeenRow& windows, WindowKey key) noexcept {
     const SeenWindow* window = FindSeen(windows, key);
-    if (!window || !window->marked || !IsMarkedHidden(WindowOf(key))) return;
+    if (!window || !window->marked) return;
     ShowAndUnmark(WindowOf(key));
     windowDesktopMap.NoteAsked(key, Request::Show);
 }
 
-// Before its program has shown the window, X has nothing to give the focus to. A program that is busy gets the keyboard
-// when it has done so; one that the platform counts as hung is passed over.
+// The uppermost that can have the front after that one, whose program is hung. 0: none.
+WindowKey NextFront(const Plan& plan, KeyRow& candidates, WindowKey hung) noexcept {
+    WindowKey next = hung;
+    while (next && IsHung(WindowOf(next))) {
+        candidates.RemoveAt(candidates.IndexOf(next));
+        next = ChooseFront(plan.windows, candidates, 0);
+    }
+    return next;
+}
+
+// Gives the foreground to the window of the front, which has been shown and asked for an answer. A program that is busy
+// gets the keyboard when it has followed; one that is hung is passed over.
 void GiveFront(const Plan& plan) noexcept {
     KeyRow candidates = CopyOf(plan.order);
-    awaitedFront = 0;
     WindowKey front = plan.front;
-    while (front) {
-        ShowIfHidden(plan.windows, front);
-        const DWORD start = GetTickCount();
-        DWORD_PTR answer = 0;
-        if (SendMessageTimeoutA(WindowOf(front), WM_NULL, 0, 0, SMTO_ABORTIFHUNG, FrontTimeout, &answer)) {
-            SetForegroundWindow(WindowOf(front));
-            return;
-        }
-        if (GetTickCount() - start >= FrontTimeout / 2) {
-            awaitedFront = front;
-            return;
-        }
-        candidates.RemoveAt(candidates.IndexOf(front));
-        front = ChooseFront(plan.windows, candidates, 0);
+    if (!AwaitAnswer(FrontTimeout)) {
+        awaitedFront = front;
+        front = NextFront(plan, candidates, front);
+        if (front == awaitedFront || !front) return;
+        awaitedFront = 0;
     }
+    SetForegroundWindow(WindowOf(front));
+}
+
+DWORD ThreadOf(WindowKey key) noexcept {
+    return key ? GetWindowThreadProcessId(WindowOf(key), nullptr) : 0;
+}
+
+// Shows the window of the front, then the others, those of the same thread last: keys come to it after all that it was
+// asked before. Before its program has shown the window, X has nothing to give the focus to.
+void ShowWindows(const Plan& plan) noexcept {
+    WindowKey waiting = plan.frontStays ? 0 : plan.front;
+    const DWORD frontThread = ThreadOf(plan.front);
+    KeyRow ofThread;
+    ShowIfHidden(plan.windows, plan.front);
+    if (waiting) RequestAnswer(WindowOf(waiting));
+    for (const WindowKey key : plan.order) {
+        if (key == plan.front) continue;
+        if (ThreadOf(key) == frontThread)
+            ofThread.Add(key);
+        else
+            ShowIfHidden(plan.windows, key);
+        if (!waiting || !HasAnswered()) continue;
+        SetForegroundWindow(WindowOf(waiting));
+        waiting = 0;
+    }
+    if (waiting) GiveFront(plan);
+    for (const WindowKey key : ofThread)
+        ShowIfHidden(plan.windows, key);
 }
 
 void CarryOut(DesktopId left) noexcept {
     const DesktopId current = CurrentDesktopId();
     const bool switched = left != current;
     const Plan plan = MakePlan(left, current);
-    if (switched) RaiseKeeper();
+    // The platform activates another window when the active one is hidden. The others can go while the keeper comes.
+    const WindowKey foreground = Foreground();
+    if (switched || !plan.frontStays) RaiseKeeper();
+    HideAllBut(foreground, plan.windows, current);
     if (!plan.frontStays) TakeKeyboard();
-    HideWindows(plan.windows, current);
-    if (!plan.frontStays) GiveFront(plan);
-    for (const WindowKey key : plan.order)
-        ShowIfHidden(plan.windows, key);
+    if (const SeenWindow* active = FindSeen(plan.windows, foreground)) Hide(plan.windows, *active, current);
+    awaitedFront = 0;
+    ShowWindows(plan);
     Trace("CarryOut", "%u windows seen, front %x", plan.order.Count(), plan.front);
     if (switched)
         RepairOrder(plan.order, plan.front);
@@ -268,7 +301,7 @@ void CheckKeyboard() noexcept {
     plan.order = WantedOrder(WindowsOn(CurrentDesktopId(), plan.windows), KeyRow());
     plan.front = ChooseFront(plan.windows, plan.order, 0);
     TakeKeyboard();
-    GiveFront(plan);
+    ShowWindows(plan);
     LowerKeeper();
 }
 

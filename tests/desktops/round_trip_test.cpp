@@ -13,7 +13,7 @@ namespace halyard::test {
 
 namespace {
 
-constexpr int Trips = 5;
+constexpr int Trips = 6;
 
 // Ctrl and Alt with a letter for the action.
 void BindHotkey(const char* action, BYTE key) {
