@@ -3,6 +3,7 @@
 #include "loader/channel.h"
 #include "loader/output.h"
 #include "loader/status.h"
+#include "process/protocol.h"
 
 namespace halyard::loader {
 
@@ -98,7 +99,8 @@ int RunResident(const Library& library, const CommandLine& line) {
     DWORD owner = 0;
     GetWindowThreadProcessId(library.getServerHwnd(), &owner);
     if (owner != GetCurrentProcessId()) {
-        PrintError("tvlhload: Halyard already runs in another program\n");
+        PrintError(FindWindowA(ServerWindowClass, nullptr) ? "tvlhload: Halyard already runs in another program\n"
+                                                           : "tvlhload: Halyard can't make its window\n");
         return 1;
     }
     serverRunning = true;

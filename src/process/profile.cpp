@@ -1,7 +1,5 @@
 #include "process/profile.h"
 
-#include <cstring>
-
 namespace halyard {
 
 Profile profile;
@@ -49,12 +47,6 @@ void FindShellWindows(Profile& target) noexcept {
     // Under no window the search would take in all top-level windows.
     if (target.progmanWindow)
         target.desktopViewWindow = FindWindowExA(target.progmanWindow, nullptr, "SHELLDLL_DefView", nullptr);
-}
-
-bool IsProgram(const char* text) noexcept {
-    ModulePath path(nullptr);
-    LowerAscii(path.text);
-    return std::strstr(path.text, text) != nullptr;
 }
 
 }  // namespace halyard

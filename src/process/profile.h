@@ -75,9 +75,6 @@ void ReadProgramFlags(Profile& target) noexcept;
 // Looks for the shell's desktop windows, once; only where the program counts as the shell.
 void FindShellWindows(Profile& target) noexcept;
 
-// Whether `text`, in lower case, stands anywhere in the lower-cased path of the main module.
-bool IsProgram(const char* text) noexcept;
-
 // A platform entry as the type that the caller knows it by; null when the module or the entry is missing.
 template <typename Function>
 Function EntryOf(HMODULE module, const char* name) noexcept {

@@ -9,8 +9,6 @@ namespace {
 
 constexpr unsigned TextRoom = 1024;
 
-char stringBuffer[TextRoom];
-
 // Writes the text, closed by a zero, into `text`. False where the language has no block for the id.
 bool ReadText(unsigned short language, unsigned id, char (&text)[TextRoom]) noexcept {
     const HMODULE module = profile.moduleInstance;
@@ -35,10 +33,6 @@ bool Lookup(unsigned id, char (&text)[TextRoom]) noexcept {
 }
 
 }  // namespace
-
-const char* LookupString(unsigned id) noexcept {
-    return Lookup(id, stringBuffer) ? stringBuffer : nullptr;
-}
 
 TextBuffer LookupText(unsigned id) noexcept {
     char text[TextRoom];

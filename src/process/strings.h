@@ -6,12 +6,7 @@
 
 namespace halyard {
 
-// Returns the process's one shared buffer, which the next call on any thread overwrites: use `LookupText` wherever more
-// than one thread may ask. Null when no language has the block of the id; an id without a string in an existing block
-// gives the empty text.
-const char* LookupString(unsigned id) noexcept;
-
-// The text, of the caller's own; empty where `LookupString` gives null. Any thread.
+// The text in the first language that has the block of the id; empty where none has it. Any thread.
 TextBuffer LookupText(unsigned id) noexcept;
 
 // Whether the display driver says that the machine is one of the other brand's. Asked once per process.

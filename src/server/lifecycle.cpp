@@ -35,7 +35,7 @@ bool StartServer(WNDPROC procedure) noexcept {
         DropDefaultBackground();
     }
     // Before the hooks, which talk to the window at once.
-    CreateServerWindow(procedure);
+    if (!CreateServerWindow(procedure)) return false;
     StartWizardIfDue();
     if (settings.Run()) TurnOn();
     return true;

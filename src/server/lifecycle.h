@@ -5,8 +5,8 @@
 
 namespace halyard {
 
-// `procedure` becomes that of the server's window. False, with nothing done, where another process is the server
-// already.
+// `procedure` becomes that of the server's window. False where another process is the server already, or the window
+// can't be made: nothing is turned on then.
 bool StartServer(WNDPROC procedure) noexcept;
 void StopServer() noexcept;
 

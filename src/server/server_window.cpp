@@ -7,8 +7,8 @@
 
 namespace halyard {
 
-void CreateServerWindow(WNDPROC procedure) noexcept {
-    if (ServerWindow()) return;
+bool CreateServerWindow(WNDPROC procedure) noexcept {
+    if (ServerWindow()) return true;
     WNDCLASSEXA windowClass = {};
     windowClass.cbSize = sizeof(windowClass);
     windowClass.lpfnWndProc = procedure;
@@ -19,8 +19,12 @@ void CreateServerWindow(WNDPROC procedure) noexcept {
     HWND window =
         CreateWindowExA(0, MAKEINTATOM(atom), nullptr, 0, 0, 0, 1, 1, nullptr, nullptr, windowClass.hInstance, nullptr);
     SetServerWindow(window);
-    if (!window) KeepFailure("the server's window");
-    if (window) SetTimer(window, PurgeTimer, PurgePeriod, nullptr);
+    if (!window) {
+        KeepFailure("the server's window");
+        return false;
+    }
+    SetTimer(window, PurgeTimer, PurgePeriod, nullptr);
+    return true;
 }
 
 void DestroyServerWindow() noexcept {

@@ -5,8 +5,8 @@
 
 namespace halyard {
 
-// On the thread that is to be the server's. Nothing if a server window stands.
-void CreateServerWindow(WNDPROC procedure) noexcept;
+// On the thread that is to be the server's. Whether the window stands, also one that stood before.
+bool CreateServerWindow(WNDPROC procedure) noexcept;
 void DestroyServerWindow() noexcept;
 
 }  // namespace halyard

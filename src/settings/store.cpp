@@ -60,8 +60,12 @@ HKEY ChosenHive() noexcept {
 bool OpenAppKey(RegistryKey& key, bool create) noexcept {
     RegistryKey root;
     RegistryKey memory;
-    if (!root.Create(HKEY_CURRENT_USER, ProductKey) || !memory.Create(root.get(), "AppMem")) return false;
-    return create ? key.Create(memory.get(), AppKeyName()) : key.Open(memory.get(), AppKeyName(), KEY_ALL_ACCESS);
+    if (create)
+        return root.Create(HKEY_CURRENT_USER, ProductKey) && memory.Create(root.get(), "AppMem") &&
+               key.Create(memory.get(), AppKeyName());
+    // Every program asks for its key: where there is none, nothing is made.
+    return root.Open(HKEY_CURRENT_USER, ProductKey, KEY_READ) && memory.Open(root.get(), "AppMem", KEY_READ) &&
+           key.Open(memory.get(), AppKeyName(), KEY_ALL_ACCESS);
 }
 
 bool OpenDesktopsKey(RegistryKey& key, KeyUse use) noexcept {
