@@ -49,7 +49,7 @@ void Settings::LoadAppValues() noexcept {
 
 void Settings::Save() const noexcept {
     RegistryKey key;
-    if (key.Open(ChosenHive(), ProductKey, KEY_ALL_ACCESS)) {
+    if (key.Create(ChosenHive(), ProductKey)) {
         key.WriteDword("CtrlMax", ctrlMax);
         key.WriteDword("DialogControl", dialogControl);
         key.WriteDword("DialogMonitor", dialogMonitor);

@@ -78,7 +78,7 @@ bool OpenHotkeysKey(RegistryKey& key, KeyUse use) noexcept {
 
 void WriteProductValue(const char* name, DWORD value) noexcept {
     RegistryKey key;
-    if (key.Open(ChosenHive(), ProductKey, KEY_ALL_ACCESS)) key.WriteDword(name, value);
+    if (key.Create(ChosenHive(), ProductKey)) key.WriteDword(name, value);
 }
 
 DWORD ReadIndexedValue(DWORD index, const char* name, DWORD missing) noexcept {
