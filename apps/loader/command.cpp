@@ -1,5 +1,6 @@
 #include "loader/command.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 
@@ -19,6 +20,7 @@ constexpr Switch Switches[] = {
     {"--status", Action::Status, Operand::None},     {"--enable", Action::Enable, Operand::None},
     {"--disable", Action::Disable, Operand::None},   {"--switch", Action::Switch, Operand::Required},
     {"--config", Action::Config, Operand::Optional}, {"--quit", Action::Quit, Operand::None},
+    {"--restore", Action::Restore, Operand::None},   {"--no-guard", Action::NoGuard, Operand::None},
 };
 
 const Switch* FindSwitch(const char* text) noexcept {
@@ -34,6 +36,10 @@ bool ReadNumber(const char* text, unsigned& number) noexcept {
 }
 
 }  // namespace
+
+bool CommandLine::Has(Action action) const noexcept {
+    return std::any_of(commands, commands + count, [=](const Command& command) { return command.action == action; });
+}
 
 CommandLine ParseCommandLine(int count, const char* const* arguments) noexcept {
     CommandLine line;

@@ -5,7 +5,7 @@
 
 namespace halyard::loader {
 
-enum class Action { Status, Enable, Disable, Switch, Config, Quit };
+enum class Action { Status, Enable, Disable, Switch, Config, Restore, NoGuard, Quit };
 
 struct Command {
     Action action;
@@ -18,6 +18,8 @@ struct CommandLine {
     bool good = true;
     std::size_t count = 0;
     Command commands[MaxCommands] = {};
+
+    bool Has(Action action) const noexcept;
 };
 
 // Reads the arguments behind the program's name. `good` is false for a switch that doesn't exist, a number that isn't
@@ -32,6 +34,8 @@ inline constexpr char UsageText[] =
     "  --disable        turns it off; every window comes back\n"
     "  --switch ID      makes the desktop with that number current\n"
     "  --config [PAGE]  opens the settings, on a page counted from 0\n"
+    "  --restore        shows every window that Halyard has hidden, also when Halyard doesn't run or answer\n"
+    "  --no-guard       starts Halyard without the second process that cleans up after a killed one\n"
     "  --quit           ends Halyard\n";
 
 }  // namespace halyard::loader

@@ -1,11 +1,13 @@
 // The resident loader: maps the library, runs the server, and takes orders from later starts of itself.
 #include "common/handles.h"
 #include "loader/channel.h"
+#include "loader/guard.h"
 #include "loader/library.h"
 #include "loader/output.h"
 #include "loader/resident.h"
 
-#include <algorithm>
+#include <cstdlib>
+#include <cstring>
 
 namespace halyard::loader {
 
@@ -18,9 +20,7 @@ constexpr DWORD PollPeriod = 50;       // ms
 
 // Asking and ending make sense only of an instance that runs.
 bool NeedsRunning(const CommandLine& line) noexcept {
-    return std::any_of(line.commands, line.commands + line.count, [](const Command& command) {
-        return command.action == Action::Status || command.action == Action::Quit;
-    });
+    return line.Has(Action::Status) || line.Has(Action::Quit) || line.Has(Action::Restore);
 }
 
 // The resident instance owns the mutex. That it merely exists says little: an instance that is about to hand its
@@ -42,7 +42,15 @@ int Reside(const CommandLine& line) {
     return Failed;
 }
 
+// An instance that can't do it leaves it to this process.
+int RestoreByHand() noexcept {
+    RestoreWindows();
+    return Done;
+}
+
 int Run(int count, char** arguments) {
+    if (count == 3 && std::strcmp(arguments[1], "--guard") == 0)
+        return RunGuard(std::strtoul(arguments[2], nullptr, 10));
     const CommandLine line = ParseCommandLine(count - 1, arguments + 1);
     if (!line.good) {
         PrintError(UsageText);
@@ -54,6 +62,7 @@ int Run(int count, char** arguments) {
     // Another instance may be on its way, without its window yet, or on its way out, with it no longer.
     do {
         if (needsRunning && !AnyInstance()) {
+            if (line.Has(Action::Restore)) return RestoreByHand();
             Print("Halyard isn't running\n");
             return Failed;
         }
@@ -66,6 +75,7 @@ int Run(int count, char** arguments) {
         }
         Sleep(PollPeriod);
     } while (GetTickCount() - start < StartTimeout);
+    if (line.Has(Action::Restore)) return RestoreByHand();
     PrintError("tvlhload: the running instance doesn't answer\n");
     return Failed;
 }

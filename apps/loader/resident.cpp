@@ -1,6 +1,7 @@
 #include "loader/resident.h"
 
 #include "loader/channel.h"
+#include "loader/guard.h"
 #include "loader/output.h"
 #include "loader/status.h"
 #include "process/protocol.h"
@@ -14,6 +15,7 @@ const Library* boundLibrary = nullptr;
 HWND residentWindow = nullptr;
 HANDLE endedEvent = nullptr;
 bool serverRunning = false;
+Guard guard;
 
 constexpr DWORD EndTimeout = 5000;  // ms that the console's close waits for the server's end
 
@@ -21,17 +23,31 @@ void EndServer() noexcept {
     if (!serverRunning) return;
     serverRunning = false;
     boundLibrary->serverUninit();
+    guard.SayGoodbye();
+}
+
+// All windows come back, and are reported again to the desktop that is current then.
+void RestoreAll() noexcept {
+    const bool enabled = boundLibrary->isEnabled() != 0;
+    boundLibrary->disable();
+    if (enabled) boundLibrary->enable();
+}
+
+std::string GuardText() {
+    return guard.Id() ? "guard: " + std::to_string(guard.Id()) + "\n" : "guard: none\n";
 }
 
 std::string Carry(const Command& command) {
     switch (command.action) {
-    case Action::Status: return StatusText(*boundLibrary);
+    case Action::Status: return StatusText(*boundLibrary) + GuardText();
     case Action::Enable: boundLibrary->enable(); break;
     case Action::Disable: boundLibrary->disable(); break;
     case Action::Switch:
         if (!boundLibrary->setActiveDesktop(command.argument)) return "Halyard is turned off: no switch\n";
         break;
     case Action::Config: boundLibrary->doConfigDlg(static_cast<int>(command.argument)); break;
+    case Action::Restore: RestoreAll(); break;
+    case Action::NoGuard: break;
     case Action::Quit: PostMessageA(residentWindow, WM_CLOSE, 0, 0); break;
     }
     return {};
@@ -90,6 +106,22 @@ HWND MakeResidentWindow() noexcept {
                          nullptr);
 }
 
+// Until WM_QUIT. A guard that ends is replaced meanwhile.
+void PumpMessages() noexcept {
+    for (;;) {
+        MSG message;
+        while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+            if (message.message == WM_QUIT) return;
+            TranslateMessage(&message);
+            DispatchMessageA(&message);
+        }
+        const HANDLE guardEnds = guard.Process();
+        const DWORD handles = guardEnds ? 1 : 0;
+        const DWORD outcome = MsgWaitForMultipleObjects(handles, &guardEnds, FALSE, INFINITE, QS_ALLINPUT);
+        if (handles && outcome == WAIT_OBJECT_0) guard.Replace();
+    }
+}
+
 }  // namespace
 
 int RunResident(const Library& library, const CommandLine& line) {
@@ -111,11 +143,8 @@ int RunResident(const Library& library, const CommandLine& line) {
     }
     SetConsoleCtrlHandler(OnConsoleEvent, TRUE);
     Print(CarryAll(line.commands, line.count));
-    MSG message;
-    while (GetMessageA(&message, nullptr, 0, 0) > 0) {
-        TranslateMessage(&message);
-        DispatchMessageA(&message);
-    }
+    if (!line.Has(Action::NoGuard)) guard.Start();
+    PumpMessages();
     EndServer();
     SetEvent(endedEvent);
     return 0;

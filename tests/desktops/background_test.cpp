@@ -57,7 +57,7 @@ TEST_F(BackgroundTest, GoesWithItsDesktop) {
     Choose(DefaultPicture);
     Store(1, OnePicture, ColourOne);
     Store(2, {}, ColourTwo);
-    StartLoader();
+    StartLoader("--no-guard");
     const Sample witness = OpenSample("Witness");
     Assign(witness.window, published::AllDesktops);
     const LRESULT changesBefore = Ask(witness.window, sample::CountMessage, WM_SETTINGCHANGE);
@@ -87,7 +87,7 @@ TEST_F(BackgroundTest, GoesWithItsDesktop) {
     Choose(OnePicture);
     loader->Kill();
     ASSERT_TRUE(Eventually([] { return !Server(); }));
-    StartLoader();
+    StartLoader("--no-guard");
     EXPECT_TRUE(Shown(OnePicture)) << "nothing to recover";
     Switch(1);
     loader->Kill();

@@ -51,7 +51,7 @@ protected:
     // A window with a popup on the default desktop, one on the next, both left for the third.
     void SetUp() override {
         DesktopTest::SetUp();
-        StartLoader();
+        StartLoader("--no-guard");  // the next start does it as well
         const Sample onDefault = OpenSample("On default");
         ASSERT_TRUE(WindowsBecome(0, 1));
         const HWND popup = OpenPopup(onDefault, true);

@@ -46,8 +46,8 @@ void DesktopTest::ShowFailure() {
     std::printf("Picture: %s\n", picture.empty() ? "could not be saved" : picture.c_str());
 }
 
-void DesktopTest::StartLoader() {
-    loader = children.Start("\"" + folder + "tvlhload.exe\"");
+void DesktopTest::StartLoader(const std::string& switches) {
+    loader = children.Start("\"" + folder + "tvlhload.exe\" " + switches);
     ASSERT_NE(loader, nullptr) << folder << "tvlhload.exe can't be started: " << GetLastError();
     ASSERT_TRUE(Eventually([] { return FindWindowA(published::LoaderClass, nullptr) != nullptr; }))
         << "the loader isn't resident; server: " << Describe(Server());

@@ -25,7 +25,7 @@ protected:
     void TearDown() override;
 
     // Starts the loader and waits until it is resident, with the hooks in if the presets say so.
-    void StartLoader();
+    void StartLoader(const std::string& switches = {});
     // Runs the loader with switches, to its end.
     Output Loader(const std::string& switches);
     // Ends it as the user would.

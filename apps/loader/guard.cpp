@@ -1,0 +1,119 @@
+#include "loader/guard.h"
+
+#include "desktops/recovery.h"
+#include "loader/channel.h"
+
+#include <cstdio>
+
+namespace halyard::loader {
+
+namespace {
+
+constexpr DWORD ShortGuard = 1000;  // ms
+constexpr unsigned MostShortGuards = 5;
+// A server that dies this soon would be started again for ever.
+constexpr ULONGLONG ShortServer = 5ULL * 10'000'000;  // in 100 ns
+constexpr int PathRoom = MAX_PATH + 2;
+
+// Starts this program with the given switches; `id` becomes the new process's. Null on failure.
+KernelHandle StartSelf(const char* switches, DWORD& id) noexcept {
+    char path[PathRoom] = {};
+    GetModuleFileNameA(nullptr, path, MAX_PATH);
+    char line[PathRoom + 32];
+    std::snprintf(line, sizeof(line), "\"%s\"%s", path, switches);
+    STARTUPINFOA startup = {};
+    startup.cb = sizeof(startup);
+    PROCESS_INFORMATION started = {};
+    // No handle is inherited: whoever reads this program's output would wait for the end of the new one as well.
+    if (!CreateProcessA(path, line, nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &started)) return {};
+    const KernelHandle thread(started.hThread);
+    id = started.dwProcessId;
+    return KernelHandle(started.hProcess);
+}
+
+KernelHandle GoodbyeEvent(DWORD resident) noexcept {
+    char name[40];
+    std::snprintf(name, sizeof(name), "TevralHalyardGoodbye%lX", resident);
+    return KernelHandle(CreateEventA(nullptr, TRUE, FALSE, name));
+}
+
+ULONGLONG ToNumber(const FILETIME& time) noexcept {
+    return static_cast<ULONGLONG>(time.dwHighDateTime) << 32 | time.dwLowDateTime;
+}
+
+bool LivedLong(HANDLE process) noexcept {
+    FILETIME begin = {};
+    FILETIME end = {};
+    FILETIME kernel = {};
+    FILETIME user = {};
+    return GetProcessTimes(process, &begin, &end, &kernel, &user) && ToNumber(end) - ToNumber(begin) >= ShortServer;
+}
+
+// Whether the process ended, and not the good-bye came first. A process that can't be opened has ended.
+bool EndsWithoutGoodbye(HANDLE process, HANDLE goodbye) noexcept {
+    const HANDLE either[] = {goodbye, process};
+    if (process) WaitForMultipleObjects(goodbye ? 2 : 1, goodbye ? either : either + 1, FALSE, INFINITE);
+    return !goodbye || WaitForSingleObject(goodbye, 0) != WAIT_OBJECT_0;
+}
+
+// The mutex that the resident instance holds, while this object lives.
+class ResidentsPlace {
+public:
+    ResidentsPlace() noexcept : mutex(CreateMutexA(nullptr, FALSE, InstanceMutex)) {
+        const DWORD outcome = WaitForSingleObject(mutex.get(), 0);
+        taken = outcome == WAIT_OBJECT_0 || outcome == WAIT_ABANDONED;
+    }
+    ResidentsPlace(const ResidentsPlace&) = delete;
+    ResidentsPlace& operator=(const ResidentsPlace&) = delete;
+    ~ResidentsPlace() {
+        if (taken) ReleaseMutex(mutex.get());
+    }
+    bool IsTaken() const noexcept { return taken; }
+
+private:
+    KernelHandle mutex;
+    bool taken = false;
+};
+
+}  // namespace
+
+void Guard::Start() noexcept {
+    if (!goodbye) goodbye = GoodbyeEvent(GetCurrentProcessId());
+    char switches[32];
+    std::snprintf(switches, sizeof(switches), " --guard %lu", GetCurrentProcessId());
+    process = StartSelf(switches, id);
+    started = GetTickCount();
+}
+
+void Guard::Replace() noexcept {
+    process.Reset();
+    id = 0;
+    if (GetTickCount() - started < ShortGuard) ++shortLives;
+    if (shortLives <= MostShortGuards) Start();
+}
+
+void Guard::SayGoodbye() noexcept {
+    if (goodbye) SetEvent(goodbye.get());
+}
+
+int RunGuard(DWORD resident) noexcept {
+    const KernelHandle goodbye = GoodbyeEvent(resident);
+    const KernelHandle process(OpenProcess(SYNCHRONIZE | PROCESS_QUERY_INFORMATION, FALSE, resident));
+    if (!EndsWithoutGoodbye(process.get(), goodbye.get())) return 0;
+    {
+        // A loader that has been started meanwhile does all this as its server starts.
+        const ResidentsPlace place;
+        if (!place.IsTaken()) return 0;
+        RecoverDesktops();
+    }
+    DWORD id = 0;
+    if (process && LivedLong(process.get())) StartSelf("", id);
+    return 0;
+}
+
+void RestoreWindows() noexcept {
+    const ResidentsPlace place;
+    RecoverDesktops();
+}
+
+}  // namespace halyard::loader
