@@ -1,5 +1,7 @@
 #include "loader/channel.h"
 
+#include "common/window_class.h"
+
 #include <algorithm>
 #include <cstring>
 
@@ -20,14 +22,10 @@ LRESULT CALLBACK ReplyWndProc(HWND window, UINT message, WPARAM wParam, LPARAM l
     return TRUE;
 }
 
+WindowClass replyClass("TevralHalyardLoaderReplyWndClass", ReplyWndProc);
+
 HWND MakeReplyWindow() noexcept {
-    WNDCLASSA windowClass = {};
-    windowClass.lpfnWndProc = ReplyWndProc;
-    windowClass.hInstance = GetModuleHandleA(nullptr);
-    windowClass.lpszClassName = "TevralHalyardLoaderReplyWndClass";
-    RegisterClassA(&windowClass);
-    return CreateWindowA(windowClass.lpszClassName, nullptr, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
-                         windowClass.hInstance, nullptr);
+    return replyClass.Create(GetModuleHandleA(nullptr), 0, 0, {}, HWND_MESSAGE);
 }
 
 // A command may show a window. Some systems keep it behind the window that the user works with, unless the program that

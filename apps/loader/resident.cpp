@@ -1,5 +1,7 @@
 #include "loader/resident.h"
 
+#include "common/window_class.h"
+
 #include "loader/channel.h"
 #include "loader/guard.h"
 #include "loader/output.h"
@@ -95,15 +97,13 @@ BOOL WINAPI OnConsoleEvent(DWORD) {
     return TRUE;
 }
 
+WindowClass residentClass(ResidentClass, ResidentWndProc);
+
 HWND MakeResidentWindow() noexcept {
-    WNDCLASSA windowClass = {};
-    windowClass.lpfnWndProc = ResidentWndProc;
-    windowClass.hInstance = GetModuleHandleA(nullptr);
-    windowClass.lpszClassName = ResidentClass;
-    RegisterClassA(&windowClass);
     // A top-level window, never shown: the end of the session is told to those alone.
-    return CreateWindowA(ResidentClass, "Halyard", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr, windowClass.hInstance,
-                         nullptr);
+    HWND window = residentClass.Create(GetModuleHandleA(nullptr), 0, WS_POPUP, {});
+    if (window) SetWindowTextA(window, "Halyard");
+    return window;
 }
 
 // Until WM_QUIT. A guard that ends is replaced meanwhile.

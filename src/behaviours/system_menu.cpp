@@ -135,22 +135,32 @@ void RebuildDesktopPopup(const TrackedWindow& tracked) noexcept {
 }
 
 // Without desktops there is no way back from another one; the item may be left from before they were turned off.
-void ChooseDesktop(TrackedWindow& tracked, DesktopId id) noexcept {
+void ChooseDesktop(TrackedWindow& tracked, DesktopId id, bool follow) noexcept {
     if (!settings.MultiDesk()) return;
     tracked.desktopId = id;
-    tracked.SendDesktopChoice();
+    tracked.SendDesktopChoice(follow);
 }
 
-void RunExtensionCommand(TrackedWindow& tracked, WPARAM command) noexcept {
+void OnMoveToDesktop(TrackedWindow& tracked, DesktopId id, bool follow) noexcept {
+    if (desktopList.Has(id)) ChooseDesktop(tracked, id, follow);
+}
+
+void RunExtensionCommand(TrackedWindow& tracked, WPARAM command, LPARAM lParam) noexcept {
     switch (command) {
     case WindowMemoryItem: settings.SetAppWindowMem(!settings.AppWindowMem()); break;
     case AutodockItem: settings.SetAppAutodock(!settings.EffectiveAutodock()); break;
     case TopmostItem: ToggleTopmost(CommandTarget(tracked)); break;
     case NextDisplayItem: MoveToNextDisplay(CommandTarget(tracked)); break;
-    case AllDesktopsItem: ChooseDesktop(tracked, AllDesktopsId); break;
+    case AllDesktopsItem: ChooseDesktop(tracked, AllDesktopsId, false); break;
+    case MoveToDesktopCommand: OnMoveToDesktop(tracked, static_cast<DesktopId>(lParam), false); break;
+    case FollowToDesktopCommand: OnMoveToDesktop(tracked, static_cast<DesktopId>(lParam), true); break;
+    case MoveToDisplayCommand:
+        if (!tracked.maximisedAcross) MoveToNumberedDisplay(tracked.window, static_cast<unsigned>(lParam));
+        break;
     default:
         if (command >= FirstDesktopItem && command <= LastDesktopItem)
-            ChooseDesktop(tracked, desktopList.IdAt(static_cast<unsigned>(command - FirstDesktopItem)));
+            ChooseDesktop(tracked, desktopList.IdAt(static_cast<unsigned>(command - FirstDesktopItem)),
+                          GetKeyState(VK_SHIFT) < 0);
     }
 }
 
@@ -203,9 +213,9 @@ void UpdateMenuExtension(TrackedWindow& tracked, HMENU menu, LPARAM lParam) noex
     RebuildDesktopPopup(tracked);
 }
 
-bool HandleSysCommand(TrackedWindow& tracked, WPARAM command, LPARAM) noexcept {
+bool HandleSysCommand(TrackedWindow& tracked, WPARAM command, LPARAM lParam) noexcept {
     if (TakeMaximiseCommand(tracked, command)) return true;
-    RunExtensionCommand(tracked, command);
+    RunExtensionCommand(tracked, command, lParam);
     return false;
 }
 

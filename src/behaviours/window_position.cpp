@@ -12,24 +12,11 @@ namespace halyard {
 namespace {
 
 constexpr UINT PlainMove = SWP_NOSIZE | SWP_NOZORDER | SWP_NOOWNERZORDER;
-constexpr DWORD NumberLimit = 10;  // displays that are counted
 
 bool DisplayInfo(HMONITOR display, MONITORINFO& info) noexcept {
     info = {};
     info.cbSize = sizeof(info);
     return GetMonitorInfoA(display, &info) != FALSE;
-}
-
-struct NumberSearch {
-    DWORD wanted;
-    DWORD counter;
-    HMONITOR found;
-};
-
-BOOL CALLBACK CountDisplay(HMONITOR display, HDC, RECT*, LPARAM lParam) noexcept {
-    auto& search = *reinterpret_cast<NumberSearch*>(lParam);
-    if (++search.counter == search.wanted) search.found = display;
-    return search.counter < NumberLimit;
 }
 
 struct RectSearch {
@@ -56,14 +43,11 @@ void MoveMaximised(HWND window, DWORD style, LONG dx, LONG dy, const RECT& workA
     SendMessageA(window, WM_SYSCOMMAND, SC_MAXIMIZE, 0);
 }
 
-}  // namespace
+unsigned IndexOfOwnDisplay(const DisplaySet& set, HWND window) noexcept {
+    return set.IndexOf(HandleBits(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST)));
+}
 
-void MoveToNextDisplay(HWND window) noexcept {
-    const DisplaySet set = CurrentDisplays();
-    const unsigned index = set.IndexOf(HandleBits(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST)));
-    if (index == DisplaySet::None) return;
-    const RECT& from = set.displays[index].workArea;
-    const RECT& to = set.displays[set.NextOf(index)].workArea;
+void MoveBetween(HWND window, const RECT& from, const RECT& to) noexcept {
     const LONG dx = to.left - from.left;
     const LONG dy = to.top - from.top;
     const auto style = static_cast<DWORD>(GetWindowLongA(window, GWL_STYLE));
@@ -73,6 +57,23 @@ void MoveToNextDisplay(HWND window) noexcept {
     }
     RECT rect = {};
     if (GetWindowRect(window, &rect)) SetWindowPos(window, nullptr, rect.left + dx, rect.top + dy, 0, 0, PlainMove);
+}
+
+}  // namespace
+
+void MoveToNextDisplay(HWND window) noexcept {
+    const DisplaySet set = CurrentDisplays();
+    const unsigned index = IndexOfOwnDisplay(set, window);
+    if (index != DisplaySet::None)
+        MoveBetween(window, set.displays[index].workArea, set.displays[set.NextOf(index)].workArea);
+}
+
+void MoveToNumberedDisplay(HWND window, unsigned number) noexcept {
+    const DisplaySet set = CurrentDisplays();
+    const unsigned index = IndexOfOwnDisplay(set, window);
+    const auto* target = set.Numbered(number);
+    if (index != DisplaySet::None && target && target != &set.displays[index])
+        MoveBetween(window, set.displays[index].workArea, target->workArea);
 }
 
 void CentreOnRect(HWND window, const RECT& target, WINDOWPOS* move) noexcept {
@@ -106,10 +107,9 @@ void CentreOnOwnDisplay(HWND window, WINDOWPOS* move) noexcept {
 }
 
 void CentreOnNumberedDisplay(HWND window, DWORD number, WINDOWPOS* move) noexcept {
-    NumberSearch search = {number, 0, nullptr};
-    if (profile.enumDisplayMonitors)
-        profile.enumDisplayMonitors(nullptr, nullptr, CountDisplay, reinterpret_cast<LPARAM>(&search));
-    if (search.found) CentreOnDisplay(window, search.found, move);
+    RefreshDisplays();
+    const DisplaySet set = CurrentDisplays();
+    if (const auto* display = set.Numbered(number)) CentreOnRect(window, display->workArea, move);
 }
 
 bool HasVisibleParent(HWND window) noexcept {

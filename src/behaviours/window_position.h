@@ -7,8 +7,9 @@
 namespace halyard {
 
 // Moves the window to the next display in order of handle, with its offset and size kept; a maximised one is maximised
-// there.
+// there. Or to the one with that number: nothing for one that doesn't exist, or where the window is already.
 void MoveToNextDisplay(HWND window) noexcept;
+void MoveToNumberedDisplay(HWND window, unsigned number) noexcept;
 
 // Centre the window on a rectangle in screen coordinates, on its parent, or on a display's work area. With `move`, the
 // structure of a WM_WINDOWPOSCHANGING under way, no window is moved: the structure is edited, and the move does the

@@ -228,7 +228,7 @@ void ApplyRow(AppliedRow& row) noexcept {
         return;
     }
     row.id = desktopList.Add(row.name.Text(), UnsavedDesktopId);
-    AddDesktopHotkey(row.id, row.name.Text());
+    AddDesktopHotkeys(row.id, row.name.Text());
 }
 
 // The list and its stored form are brought in line without a pause. The windows come after that: while they are moved

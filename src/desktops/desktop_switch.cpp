@@ -2,6 +2,7 @@
 
 #include "desktops/background.h"
 #include "desktops/desktop_list.h"
+#include "desktops/desktop_name.h"
 #include "desktops/desktop_rules.h"
 #include "desktops/kept_background.h"
 #include "desktops/window_desktop_map.h"
@@ -46,6 +47,9 @@ void Switch(DesktopId id) noexcept {
         // The windows first: asking the shell for its wallpaper takes as long as all of them together.
         SetCurrentDesktopId(id);
         SwitchWindows(current);
+        // Not for the way home when the system is turned off.
+        if (settings.ShowsDesktopName() && HooksInstalled())
+            ShowDesktopName(desktopList.NameAt(desktopList.IndexOf(id)).Text());
     }
     if (const Desktop* found = desktopList.Find(current)) {
         Desktop outgoing = *found;

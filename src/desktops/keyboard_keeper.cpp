@@ -1,12 +1,10 @@
 #include "desktops/keyboard_keeper.h"
 
-#include "common/handles.h"
+#include "common/window_class.h"
 
 namespace halyard {
 
 namespace {
-
-constexpr char KeeperClass[] = "TevralHalyardKeeperWndClass";
 
 enum KeeperMessage : UINT {
     KM_WAKE = WM_APP,  // posted by `TakeKeyboard` to itself, and taken out of the queue at once
@@ -35,16 +33,11 @@ LRESULT CALLBACK KeeperWndProc(HWND window, UINT message, WPARAM wParam, LPARAM 
     return DefWindowProcA(window, message, wParam, lParam);
 }
 
+WindowClass keeperClass("TevralHalyardKeeperWndClass", KeeperWndProc);
+
 HWND Keeper() noexcept {
     if (keeper) return keeper;
-    WNDCLASSEXA windowClass = {};
-    windowClass.cbSize = sizeof(windowClass);
-    windowClass.lpfnWndProc = KeeperWndProc;
-    windowClass.hInstance = GetModuleHandleA(nullptr);
-    windowClass.lpszClassName = KeeperClass;
-    RegisterClassExA(&windowClass);
-    keeper = CreateWindowExA(WS_EX_TOOLWINDOW | WS_EX_TOPMOST, KeeperClass, nullptr, WS_POPUP, 0, 0, 1, 1, nullptr,
-                             nullptr, windowClass.hInstance, nullptr);
+    keeper = keeperClass.Create(GetModuleHandleA(nullptr), WS_EX_TOOLWINDOW | WS_EX_TOPMOST, WS_POPUP, {0, 0, 1, 1});
     // Visible to the platform, with no pixel for the user. The platform owns the region from then on.
     if (keeper) SetWindowRgn(keeper, CreateRectRgn(0, 0, 0, 0), FALSE);
     return keeper;
@@ -91,7 +84,7 @@ bool KeeperHasKeyboard() noexcept {
 void DestroyKeeper() noexcept {
     if (!keeper) return;
     DestroyWindow(keeper);
-    UnregisterClassA(KeeperClass, GetModuleHandleA(nullptr));
+    keeperClass.Unregister();
     keeper = nullptr;
 }
 

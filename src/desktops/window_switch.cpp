@@ -1,6 +1,7 @@
 #include "desktops/window_switch.h"
 
 #include "desktops/answer_request.h"
+#include "desktops/desktop_name.h"
 #include "desktops/hidden_mark.h"
 #include "desktops/keyboard_keeper.h"
 #include "desktops/order_repair.h"
@@ -281,6 +282,7 @@ void ReleaseAllWindows() noexcept {
     while (orders.Count() > 0)
         ForgetOrder(orders.At(0).key);
     DestroyKeeper();
+    HideDesktopName();
 }
 
 void NoteFollowed(HWND window, bool shown) noexcept {

@@ -4,14 +4,21 @@
 
 namespace halyard {
 
-bool DisplaySet::Add(unsigned handle, const RECT& workArea) noexcept {
+bool DisplaySet::Add(Display display) noexcept {
     if (count >= Limit) return false;
-    workBounds = count == 0 ? workArea : UnionOf(workBounds, workArea);
+    workBounds = count == 0 ? display.workArea : UnionOf(workBounds, display.workArea);
     unsigned place = count;
-    for (; place > 0 && displays[place - 1].handle > handle; --place)
+    for (; place > 0 && displays[place - 1].handle > display.handle; --place)
         displays[place] = displays[place - 1];
-    displays[place] = {handle, workArea};
-    return ++count < Limit;
+    display.number = ++count;
+    displays[place] = display;
+    return count < Limit;
+}
+
+const DisplaySet::Display* DisplaySet::Numbered(unsigned number) const noexcept {
+    for (unsigned index = 0; index < count; ++index)
+        if (displays[index].number == number) return &displays[index];
+    return nullptr;
 }
 
 unsigned DisplaySet::IndexOf(unsigned handle) const noexcept {

@@ -4,6 +4,8 @@
 #include "process/profile.h"
 #include "process/shared_section.h"
 
+#include <cstring>
+
 namespace halyard {
 
 namespace {
@@ -18,10 +20,15 @@ struct DisplayTable {
 DisplayTable table;
 
 BOOL CALLBACK AddDisplay(HMONITOR display, HDC, RECT*, LPARAM target) noexcept {
-    MONITORINFO info = {};
+    MONITORINFOEXA info = {};
     info.cbSize = sizeof(info);
-    if (!GetMonitorInfoA(display, &info)) return TRUE;
-    return reinterpret_cast<DisplaySet*>(target)->Add(HandleBits(display), info.rcWork);
+    if (!profile.getMonitorInfo(display, &info)) return TRUE;
+    // A pseudo display, as mirror drivers have, shows nothing of its own: it isn't one for the user.
+    if (std::strstr(info.szDevice, "DISPLAYV")) return TRUE;
+    return reinterpret_cast<DisplaySet*>(target)->Add({.handle = HandleBits(display),
+                                                       .bounds = info.rcMonitor,
+                                                       .workArea = info.rcWork,
+                                                       .isPrimary = (info.dwFlags & MONITORINFOF_PRIMARY) != 0});
 }
 
 }  // namespace
@@ -29,7 +36,7 @@ BOOL CALLBACK AddDisplay(HMONITOR display, HDC, RECT*, LPARAM target) noexcept {
 void RefreshDisplays() noexcept {
     const Guard guard(table.lock.Section());
     DisplaySet fresh;
-    if (profile.enumDisplayMonitors)
+    if (profile.enumDisplayMonitors && profile.getMonitorInfo)
         profile.enumDisplayMonitors(nullptr, nullptr, AddDisplay, reinterpret_cast<LPARAM>(&fresh));
     else
         fresh.workBounds = table.displays.workBounds;

@@ -50,9 +50,9 @@ void TrackedWindow::NotifyServer(bool attach) noexcept {
                  static_cast<LPARAM>(static_cast<int>(desktopId)));
 }
 
-void TrackedWindow::SendDesktopChoice() noexcept {
+void TrackedWindow::SendDesktopChoice(bool follow) noexcept {
     HWND reported = profile.program.qlplay ? GetParent(window) : window;
-    SendMessageA(ServerWindow(), HM_WINDOW_ATTACH, reinterpret_cast<WPARAM>(reported),
+    SendMessageA(ServerWindow(), follow ? HM_WINDOW_FOLLOW : HM_WINDOW_ATTACH, reinterpret_cast<WPARAM>(reported),
                  static_cast<LPARAM>(static_cast<int>(desktopId)));
 }
 

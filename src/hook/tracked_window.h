@@ -37,7 +37,8 @@ struct TrackedWindow {
     void NotifyServer(bool attach) noexcept;
 
     // Tells the server of the desktop that the user chose, and waits until the window is hidden or shown accordingly.
-    void SendDesktopChoice() noexcept;
+    // With `follow` that desktop becomes current.
+    void SendDesktopChoice(bool follow) noexcept;
 };
 
 }  // namespace halyard

@@ -1,6 +1,7 @@
 #include "hotkeys/hotkeys.h"
 
 #include "desktops/desktop_list.h"
+#include "displays/displays.h"
 #include "process/server_call.h"
 #include "process/shared_section.h"
 #include "process/strings.h"
@@ -27,25 +28,37 @@ constexpr FixedAction FixedActions[] = {
 
 constexpr std::size_t LabelRoom = 260;
 
+void DropAtom(ATOM& atom) noexcept {
+    if (!atom) return;
+    UnregisterHotKey(ServerWindow(), atom);
+    GlobalDeleteAtom(atom);
+    atom = 0;
+}
+
 void UnregisterAll() noexcept {
     for (auto& entry : hotkeyList) {
-        Hotkey& hotkey = *entry.value;
-        if (!hotkey.atom) continue;
-        UnregisterHotKey(ServerWindow(), hotkey.atom);
-        GlobalDeleteAtom(hotkey.atom);
-        hotkey.atom = 0;
+        DropAtom(entry.value->atom);
+        DropAtom(entry.value->followAtom);
     }
 }
 
-void RegisterOne(Hotkey& hotkey, int number) noexcept {
+// The atom is the hotkey's id; 0 where another program has the combination.
+ATOM RegisterCombination(const HotkeyModifiers& binding, int number) noexcept {
     char name[32];
     wsprintfA(name, "TevralHotkeyAtom%d", number);
-    hotkey.atom = GlobalAddAtomA(name);
-    hotkey.refused =
-        !RegisterHotKey(ServerWindow(), hotkey.atom, RegistrationModifiers(hotkey.binding), hotkey.binding.key);
-    if (!hotkey.refused) return;
-    GlobalDeleteAtom(hotkey.atom);
-    hotkey.atom = 0;
+    const ATOM atom = GlobalAddAtomA(name);
+    if (RegisterHotKey(ServerWindow(), atom, RegistrationModifiers(binding), binding.key)) return atom;
+    GlobalDeleteAtom(atom);
+    return 0;
+}
+
+// A move to a desktop has the combination with Shift as well, unless that is another action's.
+void RegisterFollowing(Hotkey& hotkey, int& number) noexcept {
+    if (!IsMoveTo(hotkey.action, MoveToDesktopActions) || hotkey.binding.shift) return;
+    HotkeyModifiers following = hotkey.binding;
+    following.shift = 1;
+    if (ActionWithBinding(following, hotkey.action).IsEmpty())
+        hotkey.followAtom = RegisterCombination(following, number++);
 }
 
 // The names of the atoms start anew each time, so that a name stays with its place.
@@ -55,7 +68,10 @@ void RegisterAll() noexcept {
     for (auto& entry : hotkeyList) {
         Hotkey& hotkey = *entry.value;
         hotkey.refused = false;
-        if (HooksInstalled() && hotkey.binding.key) RegisterOne(hotkey, number++);
+        if (!HooksInstalled() || !hotkey.binding.key) continue;
+        hotkey.atom = RegisterCombination(hotkey.binding, number++);
+        hotkey.refused = !hotkey.atom;
+        RegisterFollowing(hotkey, number);
     }
 }
 
@@ -64,6 +80,14 @@ bool ForwardToServer(UINT message) noexcept {
     if (OnServerThread()) return false;
     SendMessageA(ServerWindow(), message, 0, 0);
     return true;
+}
+
+void AddNamedHotkey(unsigned action, unsigned stringId, const char* name) noexcept {
+    // The platform's formatting writes 1024 characters at most.
+    char label[1025];
+    wsprintfA(label, LookupText(stringId).Text(), name);
+    label[LabelRoom - 1] = 0;
+    AddHotkey(action, label);
 }
 
 void Rebuild() noexcept {
@@ -75,8 +99,8 @@ void Rebuild() noexcept {
         AddHotkey(fixed.action, LookupText(fixed.stringId).Text());
     const unsigned count = desktopList.Count();
     for (unsigned index = 0; index < count; ++index)
-        if (const DesktopId id = desktopList.IdAt(index); id != DefaultDesktopId)
-            AddDesktopHotkey(id, desktopList.NameAt(index).Text());
+        AddDesktopHotkeys(desktopList.IdAt(index), desktopList.NameAt(index).Text());
+    AddDisplayHotkeys();
 }
 
 }  // namespace
@@ -93,12 +117,22 @@ void AddHotkey(unsigned action, const char* label) noexcept {
     });
 }
 
-void AddDesktopHotkey(DesktopId id, const char* desktopName) noexcept {
-    // The platform's formatting writes 1024 characters at most.
-    char label[1025];
-    wsprintfA(label, LookupText(IDS_ACTION_DESKTOP).Text(), desktopName);
-    label[LabelRoom - 1] = 0;
-    AddHotkey(id | DesktopActionBit, label);
+void AddDesktopHotkeys(DesktopId id, const char* desktopName) noexcept {
+    if (id != DefaultDesktopId) AddNamedHotkey(id | DesktopActionBit, IDS_ACTION_DESKTOP, desktopName);
+    // An id that reaches into the bits of the kind has no move of its own.
+    if (!(id & MoveActionMask)) AddNamedHotkey(id | MoveToDesktopActions, IDS_ACTION_MOVE_TO_DESKTOP, desktopName);
+}
+
+void AddDisplayHotkey(unsigned number) noexcept {
+    char label[64];
+    wsprintfA(label, LookupText(IDS_ACTION_MOVE_TO_DISPLAY).Text(), static_cast<int>(number));
+    AddHotkey(number | MoveToDisplayActions, label);
+}
+
+void AddDisplayHotkeys() noexcept {
+    const unsigned count = CurrentDisplays().count;
+    for (unsigned number = 1; number <= count; ++number)
+        AddDisplayHotkey(number);
 }
 
 void RegisterHotkeys() noexcept {

@@ -2,6 +2,8 @@
 
 #include "common/handles.h"
 #include "common/row.h"
+#include "common/window_class.h"
+#include "displays/displays.h"
 #include "mirror/mirror_place.h"
 #include "process/profile.h"
 
@@ -14,8 +16,6 @@ constexpr UINT_PTR AltTimer = 100;         // of the manager window: looks wheth
 constexpr UINT AltPeriod = 250;            // ms
 constexpr UINT ForwardKeys = MOD_ALT;
 constexpr UINT ReverseKeys = MOD_ALT | MOD_SHIFT;
-constexpr char MirrorClass[] = "TevralWinswitchWindow";
-constexpr char ManagerClass[] = "TevralWinswitchManager";
 
 struct TaskSwitchMirror {
     HWND mirrorManager = nullptr;  // never shown; has the hotkeys and the timer. Null when stopped
@@ -23,11 +23,33 @@ struct TaskSwitchMirror {
     Row<HWND> mirrors;
     ATOM forwardAtom = 0;  // also the ids of the hotkeys
     ATOM reverseAtom = 0;
-    ATOM mirrorClass = 0;
-    ATOM managerClass = 0;
 };
 
 TaskSwitchMirror state;
+
+// The real window may have gone; what the mirror shows then stays.
+void Paint(HWND mirror) noexcept {
+    PAINTSTRUCT paint;
+    HDC dc = BeginPaint(mirror, &paint);
+    const RECT& part = paint.rcPaint;
+    RECT original = {};
+    if (state.switchWindow && GetWindowRect(state.switchWindow, &original)) {
+        const ScreenDc screen;
+        BitBlt(dc, part.left, part.top, WidthOf(part), HeightOf(part), screen.get(), original.left + part.left,
+               original.top + part.top, SRCCOPY);
+    }
+    EndPaint(mirror, &paint);
+}
+
+LRESULT CALLBACK MirrorWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_PAINT) Paint(window);
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
+LRESULT CALLBACK MirrorManagerWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+
+WindowClass mirrorClass("TevralWinswitchWindow", MirrorWndProc, CS_VREDRAW | CS_HREDRAW);
+WindowClass managerClass("TevralWinswitchManager", MirrorManagerWndProc);
 
 void PutOnTop(HWND mirror) noexcept {
     SetWindowPos(mirror, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE);
@@ -37,20 +59,19 @@ void MakeMirror(const RECT& display) noexcept {
     RECT original = {};
     GetWindowRect(state.switchWindow, &original);
     const RECT place = MirrorRect(original, display);
-    HWND mirror = CreateWindowExA(WS_EX_TOOLWINDOW, MAKEINTATOM(state.mirrorClass), nullptr,
-                                  WS_POPUP | WS_VISIBLE | WS_CLIPSIBLINGS | WS_CLIPCHILDREN, place.left, place.top,
-                                  WidthOf(place), HeightOf(place), nullptr, nullptr, profile.moduleInstance, nullptr);
+    HWND mirror = mirrorClass.Create(profile.moduleInstance, WS_EX_TOOLWINDOW,
+                                     WS_POPUP | WS_VISIBLE | WS_CLIPSIBLINGS | WS_CLIPCHILDREN, place);
     if (!mirror) return;
     PutOnTop(mirror);
     state.mirrors.Add(mirror);
 }
 
-BOOL CALLBACK CreateMirror(HMONITOR display, HDC, RECT* displayRect, LPARAM) noexcept {
-    MONITORINFO info = {};
-    info.cbSize = sizeof(info);
-    // The real window is on the primary display.
-    if (profile.getMonitorInfo(display, &info) && info.dwFlags == 0) MakeMirror(*displayRect);
-    return TRUE;
+// The real window is on the primary display.
+void MakeMirrors() noexcept {
+    RefreshDisplays();
+    const DisplaySet set = CurrentDisplays();
+    for (unsigned number = 1; number <= set.count; ++number)
+        if (const auto& display = *set.Numbered(number); !display.isPrimary) MakeMirror(display.bounds);
 }
 
 void ShowMirrors() noexcept {
@@ -59,7 +80,7 @@ void ShowMirrors() noexcept {
         state.switchWindow = FindWindowA(MAKEINTATOM(SwitchWindowAtom), nullptr);
         if (!state.switchWindow) return;
         state.mirrors.Clear();
-        profile.enumDisplayMonitors(nullptr, nullptr, CreateMirror, 0);
+        MakeMirrors();
         SetTimer(state.mirrorManager, AltTimer, AltPeriod, nullptr);
     }
     for (HWND mirror : state.mirrors) {
@@ -92,6 +113,13 @@ void DropMirrors() noexcept {
     state.mirrors.Clear();
 }
 
+// The real window may have painted itself after its mirrors did.
+void OnTimer() noexcept {
+    if (GetKeyState(VK_MENU) >= 0) HideMirrors();
+    for (HWND mirror : state.mirrors)
+        InvalidateRect(mirror, nullptr, FALSE);
+}
+
 LRESULT CALLBACK MirrorManagerWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     // It ends with the mirror only; any program could close it else.
     if (message == WM_CLOSE) return 0;
@@ -100,38 +128,8 @@ LRESULT CALLBACK MirrorManagerWndProc(HWND window, UINT message, WPARAM wParam, 
         if (id && (id == state.forwardAtom || id == state.reverseAtom)) OnHotkey(id);
         return 1;
     }
-    if (message == WM_TIMER && GetKeyState(VK_MENU) >= 0) HideMirrors();
+    if (message == WM_TIMER) OnTimer();
     return DefWindowProcA(window, message, wParam, lParam);
-}
-
-// The real window may have gone; what the mirror shows then stays.
-void Paint(HWND mirror) noexcept {
-    PAINTSTRUCT paint;
-    HDC dc = BeginPaint(mirror, &paint);
-    const RECT& part = paint.rcPaint;
-    RECT original = {};
-    if (state.switchWindow && GetWindowRect(state.switchWindow, &original)) {
-        const ScreenDc screen;
-        BitBlt(dc, part.left, part.top, WidthOf(part), HeightOf(part), screen.get(), original.left + part.left,
-               original.top + part.top, SRCCOPY);
-    }
-    EndPaint(mirror, &paint);
-}
-
-LRESULT CALLBACK MirrorWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_PAINT) Paint(window);
-    return DefWindowProcA(window, message, wParam, lParam);
-}
-
-ATOM RegisterMirrorClass(const char* name, WNDPROC procedure) noexcept {
-    WNDCLASSEXA windowClass = {};
-    windowClass.cbSize = sizeof(windowClass);
-    windowClass.style = CS_VREDRAW | CS_HREDRAW;
-    windowClass.lpfnWndProc = procedure;
-    windowClass.hInstance = profile.moduleInstance;
-    windowClass.hCursor = LoadCursorA(nullptr, IDC_ARROW);
-    windowClass.lpszClassName = name;
-    return RegisterClassExA(&windowClass);
 }
 
 void DropAtom(ATOM& atom) noexcept {
@@ -143,12 +141,7 @@ void DropAtom(ATOM& atom) noexcept {
 
 void StartMirror() noexcept {
     StopMirror();
-    if (!state.mirrorClass) {
-        state.mirrorClass = RegisterMirrorClass(MirrorClass, MirrorWndProc);
-        state.managerClass = RegisterMirrorClass(ManagerClass, MirrorManagerWndProc);
-    }
-    state.mirrorManager = CreateWindowExA(0, MAKEINTATOM(state.managerClass), nullptr, WS_OVERLAPPEDWINDOW, 0, 0, 0, 0,
-                                          nullptr, nullptr, profile.moduleInstance, nullptr);
+    state.mirrorManager = managerClass.Create(profile.moduleInstance, 0, WS_OVERLAPPEDWINDOW, {});
     if (!state.mirrorManager) return;
     state.forwardAtom = GlobalAddAtomA("HalyardTaskbarHotkey");
     RegisterHotKey(state.mirrorManager, state.forwardAtom, ForwardKeys, VK_TAB);

@@ -31,6 +31,7 @@ enum ServerMessage : UINT {
     HM_WINDOW_CALLS = 1202,        // a hooked process, posted; wParam: a window with the mark that has been activated
     HM_ICON_READ = 1198,           // a thread of the server process that reads a program's icon, posted
     HM_READ_FAILURE = 1197,        // the loader, sent; wParam: index, 0 the last. Result: a global atom, 0 past the end
+    HM_WINDOW_FOLLOW = 1203,       // a hooked process, sent; as HM_WINDOW_ATTACH, and the desktop becomes current
     HM_COUNT_WINDOWS = 1195,       // the loader, sent; lParam: desktop id. Result: windows that the map has there
 };
 
@@ -69,6 +70,12 @@ inline constexpr UINT ConfigMenuItem = 64771;
 // Commands of the system menu's extension that are caught on their way to the program.
 inline constexpr UINT FirstExtensionCommand = 64766;
 inline constexpr UINT LastExtensionCommand = 64810;
+// Posted to a window with WM_SYSCOMMAND by the server, for a hotkey. No menu has them.
+enum MoveCommand : UINT {
+    MoveToDesktopCommand = 64773,    // lParam: desktop id
+    FollowToDesktopCommand = 64774,  // the same, and the desktop becomes current
+    MoveToDisplayCommand = 64775,    // lParam: number of the display
+};
 constexpr bool IsExtensionCommand(UINT command) noexcept {
     return command >= FirstExtensionCommand && command <= LastExtensionCommand;
 }

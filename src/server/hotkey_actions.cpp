@@ -3,6 +3,7 @@
 #include "behaviours/window_position.h"
 #include "config/config_dialog.h"
 #include "desktops/desktop_switch.h"
+#include "desktops/window_desktop_map.h"
 #include "hotkeys/find_cursor.h"
 #include "hotkeys/hotkeys.h"
 #include "settings/settings.h"
@@ -28,7 +29,28 @@ void ToggleForeground() noexcept {
         ToggleTopmost(window);
 }
 
-void RunHotkeyAction(unsigned action) noexcept {
+// The window in front, or the owner that it goes with; null where neither is the system's business.
+HWND ManagedForeground() noexcept {
+    HWND window = GetForegroundWindow();
+    while (window && windowDesktopMap.DesktopOfWindow(window) == NoDesktop)
+        window = GetWindow(window, GW_OWNER);
+    return window;
+}
+
+// Its program does it, as with a command of its system menu.
+void MoveForeground(unsigned action, bool follow) noexcept {
+    HWND window = ManagedForeground();
+    if (!window) return;
+    UINT command = follow ? FollowToDesktopCommand : MoveToDesktopCommand;
+    if (IsMoveTo(action, MoveToDisplayActions)) command = MoveToDisplayCommand;
+    PostMessageA(window, WM_SYSCOMMAND, command, static_cast<LPARAM>(action & ~MoveActionMask));
+}
+
+void RunHotkeyAction(unsigned action, bool follow) noexcept {
+    if (IsMoveTo(action, MoveToDesktopActions) || IsMoveTo(action, MoveToDisplayActions)) {
+        MoveForeground(action, follow);
+        return;
+    }
     if (settings.MultiDesk()) SwitchDesktop(action);
     if (action == ToggleTopmostAction) ToggleForeground();
     if (action == OpenDialogAction) OpenConfigDialog(0);
@@ -38,12 +60,13 @@ void RunHotkeyAction(unsigned action) noexcept {
 
 void OnHotkeyPressed(HWND serverWindow, WPARAM atom) noexcept {
     for (const auto& entry : hotkeyList) {
-        if (!entry.value->atom || entry.value->atom != atom) continue;
+        const bool follow = entry.value->followAtom && entry.value->followAtom == atom;
+        if (!follow && (!entry.value->atom || entry.value->atom != atom)) continue;
         // The list may be another one when the action is over.
         const unsigned action = entry.key;
         if (action == FindCursorAction && StartFindCursor())
             SetTimer(serverWindow, FindCursorTimer, FindCursorPeriod, nullptr);
-        RunHotkeyAction(action);
+        RunHotkeyAction(action, follow);
         return;
     }
 }

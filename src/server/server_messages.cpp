@@ -5,6 +5,7 @@
 #include "desktops/window_calls.h"
 #include "desktops/window_desktop_map.h"
 #include "desktops/window_switch.h"
+#include "displays/displays.h"
 #include "hotkeys/find_cursor.h"
 #include "hotkeys/hotkeys.h"
 #include "process/failures.h"
@@ -56,6 +57,12 @@ LRESULT OnRestart(bool enable) noexcept {
 
 LRESULT OnWindowAttach(HWND target, DesktopId id) noexcept {
     AssignWindow(target, KnownDesktop(id));
+    return 0;
+}
+
+LRESULT OnWindowFollow(HWND target, DesktopId id) noexcept {
+    SendWindowTo(target, id, true);
+    RefreshPages();
     return 0;
 }
 
@@ -142,6 +149,8 @@ bool OnTimer(HWND window, WPARAM timer) noexcept {
 }
 
 void OnDisplayChange() noexcept {
+    RefreshDisplays();
+    AddDisplayHotkeys();
     if (settings.Run()) SyncDisplays();
 }
 
@@ -154,6 +163,7 @@ LRESULT CALLBACK ServerWndProc(HWND window, UINT message, WPARAM wParam, LPARAM 
     case HM_SWITCH_DESKTOP: return OnSwitchDesktop(AsDesktopId(lParam));
     case HM_RESTART: return OnRestart(wParam != 0);
     case HM_WINDOW_ATTACH: return OnWindowAttach(AsWindow(wParam), AsDesktopId(lParam));
+    case HM_WINDOW_FOLLOW: return OnWindowFollow(AsWindow(wParam), AsDesktopId(lParam));
     case HM_WINDOW_DETACH: return OnWindowDetach(AsWindow(wParam));
     case HM_WINDOW_SHOWN: return OnShown(AsWindow(wParam), lParam != 0);
     case HM_WINDOW_CALLS: return OnCalls(AsWindow(wParam));

@@ -1,23 +1,26 @@
 #include "server/server_window.h"
 
+#include "common/window_class.h"
 #include "process/failures.h"
 #include "process/protocol.h"
 #include "process/server_call.h"
 #include "process/shared_section.h"
 
+#include <optional>
+
 namespace halyard {
+
+namespace {
+
+std::optional<WindowClass> serverClass;
+
+}  // namespace
 
 bool CreateServerWindow(WNDPROC procedure) noexcept {
     if (ServerWindow()) return true;
-    WNDCLASSEXA windowClass = {};
-    windowClass.cbSize = sizeof(windowClass);
-    windowClass.lpfnWndProc = procedure;
     // Of the program, not of the library: whoever looks at the window sees whose it is.
-    windowClass.hInstance = GetModuleHandleA(nullptr);
-    windowClass.lpszClassName = ServerWindowClass;
-    const ATOM atom = RegisterClassExA(&windowClass);
-    HWND window =
-        CreateWindowExA(0, MAKEINTATOM(atom), nullptr, 0, 0, 0, 1, 1, nullptr, nullptr, windowClass.hInstance, nullptr);
+    serverClass.emplace(ServerWindowClass, procedure);
+    HWND window = serverClass->Create(GetModuleHandleA(nullptr), 0, 0, {0, 0, 1, 1});
     SetServerWindow(window);
     if (!window) {
         KeepFailure("the server's window");
@@ -32,7 +35,7 @@ void DestroyServerWindow() noexcept {
     if (!IsServerWindowOurs()) return;
     DestroyWindow(ServerWindow());
     SetServerWindow(nullptr);
-    UnregisterClassA(ServerWindowClass, GetModuleHandleA(nullptr));
+    if (serverClass) serverClass->Unregister();
 }
 
 }  // namespace halyard

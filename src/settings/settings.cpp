@@ -17,6 +17,7 @@ void Settings::Load() noexcept {
         dialogMonitor = key.ReadDwordOr("DialogMonitor", 0);
         multiDesk = key.ReadBool("MultiDesk", false);
         hiddenActivation = key.ReadDwordOr("HiddenActivation", 0);
+        showsDesktopName = key.ReadBool("ShowDesktopName", true);
         extendSysMenu = key.ReadBool("ExtendSysMenu", true);
         // Layered windows are missing outside the NT family.
         dragTrans = key.ReadBool("DragTrans", false) && profile.isNtFamily;

@@ -44,6 +44,7 @@ public:
     DWORD DialogMonitor() const noexcept { return dialogMonitor; }  // display number
     bool MultiDesk() const noexcept { return multiDesk; }
     DWORD HiddenActivation() const noexcept { return hiddenActivation; }  // what a hidden window's activation brings
+    bool ShowsDesktopName() const noexcept { return showsDesktopName; }   // when a desktop comes
     bool ExtendSysMenu() const noexcept { return extendSysMenu; }
     bool RunWizard() const noexcept { return runWizard; }
     bool WindowMem() const noexcept { return windowMem; }
@@ -82,6 +83,7 @@ private:
     DWORD dialogMonitor = 1;
     bool multiDesk = false;
     DWORD hiddenActivation = 0;
+    bool showsDesktopName = true;
     bool extendSysMenu = true;
     bool runWizard = false;
     bool windowMem = false;

@@ -1,6 +1,8 @@
 #include "taskbars/taskbar_manager.h"
 
+#include "displays/displays.h"
 #include "process/profile.h"
+#include "process/shared_section.h"
 #include "settings/settings.h"
 #include "taskbars/app_bar.h"
 #include "taskbars/live_taskbars.h"
@@ -8,8 +10,6 @@
 #include "taskbars/task_list.h"
 #include "taskbars/taskbar_end.h"
 #include "taskbars/taskbar_window.h"
-
-#include <cstring>
 
 namespace halyard {
 
@@ -26,24 +26,15 @@ bool HasPrimaryTaskbar(HMONITOR display) noexcept {
            profile.monitorFromRect(&PrimaryTaskbarRect(), MONITOR_DEFAULTTONEAREST) == display;
 }
 
-void MakeTaskbar(DWORD index, HMONITOR display, const MONITORINFOEXA& info) noexcept {
-    // It is in the list of bars before its window is made, since messages to the window look for it there.
-    SecondaryTaskbar* bar = AddTaskbar();
-    if (bar) InitTaskbar(*bar, index, display, info.rcMonitor);
-}
-
-BOOL CALLBACK SyncDisplay(HMONITOR display, HDC, RECT*, LPARAM counter) noexcept {
-    MONITORINFOEXA info = {};
-    info.cbSize = sizeof(info);
-    profile.getMonitorInfo(display, &info);
-    // A pseudo display, as mirror drivers have: it has no bar and doesn't count.
-    if (std::strstr(info.szDevice, "DISPLAYV")) return TRUE;
-    const DWORD index = ++*reinterpret_cast<DWORD*>(counter);
-    SecondaryTaskbar* bar = TaskbarOf(display);
-    const bool isPrimary = HasPrimaryTaskbar(display);
+void SyncDisplay(const DisplaySet::Display& display) noexcept {
+    const auto handle = HandleFromBits<HMONITOR>(display.handle);
+    SecondaryTaskbar* bar = TaskbarOf(handle);
+    const bool isPrimary = HasPrimaryTaskbar(handle);
     if (isPrimary && bar) DestroyTaskbar(*bar);
-    if (!isPrimary && !bar) MakeTaskbar(index, display, info);
-    return TRUE;
+    if (isPrimary || bar) return;
+    // It is in the list of bars before its window is made, since messages to the window look for it there.
+    bar = AddTaskbar();
+    if (bar) InitTaskbar(*bar, display.number, handle, display.bounds);
 }
 
 BOOL CALLBACK Collect(HWND window, LPARAM windows) noexcept {
@@ -61,9 +52,11 @@ void FillTaskbar(SecondaryTaskbar& bar, const Row<HWND>& windows) noexcept {
 }  // namespace
 
 void SyncDisplays() noexcept {
-    if (!settings.TaskbarsEnable() || !profile.enumDisplayMonitors || !profile.getMonitorInfo) return;
-    DWORD counter = 0;
-    profile.enumDisplayMonitors(nullptr, nullptr, SyncDisplay, reinterpret_cast<LPARAM>(&counter));
+    if (!settings.TaskbarsEnable()) return;
+    RefreshDisplays();
+    const DisplaySet set = CurrentDisplays();
+    for (unsigned number = 1; number <= set.count; ++number)
+        SyncDisplay(*set.Numbered(number));
 }
 
 void FillTaskbars() noexcept {

@@ -1,7 +1,9 @@
 #include "taskbars/taskbar_window.h"
 
 #include "common/rectangles.h"
+#include "common/window_class.h"
 #include "mirror/task_switch_mirror.h"
+#include "process/failures.h"
 #include "process/profile.h"
 #include "resources/resource_ids.h"
 #include "settings/store.h"
@@ -25,8 +27,6 @@ namespace {
 
 constexpr UINT AskMinimiseRect = 139;  // wParam: a window, lParam: the rectangle to fill
 constexpr WPARAM EventCode = 0x7FFF;   // of a shell event, without the flag that some carry
-
-ATOM registered = 0;
 
 // The bar of a window. A window that is being made is bound to the bar that its maker names; before that and after the
 // bar's end a window has none.
@@ -209,17 +209,7 @@ LRESULT CALLBACK TaskbarWndProc(HWND window, UINT message, WPARAM wParam, LPARAM
     return DefWindowProcA(window, message, wParam, lParam);
 }
 
-void RegisterTaskbarClass() noexcept {
-    if (registered) return;
-    WNDCLASSEXA windowClass = {};
-    windowClass.cbSize = sizeof(windowClass);
-    windowClass.style = CS_DBLCLKS;
-    windowClass.lpfnWndProc = TaskbarWndProc;
-    windowClass.hInstance = profile.moduleInstance;
-    windowClass.hCursor = LoadCursorA(nullptr, IDC_ARROW);
-    windowClass.lpszClassName = TaskbarWindowClass;
-    registered = RegisterClassExA(&windowClass);
-}
+WindowClass taskbarClass(TaskbarWindowClass, TaskbarWndProc, CS_DBLCLKS);
 
 }  // namespace
 
@@ -231,12 +221,13 @@ void InitTaskbar(SecondaryTaskbar& bar, DWORD displayIndex, HMONITOR display, co
     bar.onTop = ReadIndexedValue(displayIndex, OnTopValue, 1) != 0;
     const bool autohide = ReadIndexedValue(displayIndex, AutohideValue, 0) != 0;
     const bool locked = ReadIndexedValue(displayIndex, LockedValue, 0) != 0;
-    RegisterTaskbarClass();
     ReloadTheme();
     const RECT place = ComputeTaskbarRect(bar);
-    CreateWindowExA(WS_EX_TOOLWINDOW, TaskbarWindowClass, nullptr, ClassicMetrics.windowStyle, place.left, place.top,
-                    WidthOf(place), HeightOf(place), nullptr, nullptr, profile.moduleInstance, &bar);
-    if (!bar.window) return;
+    taskbarClass.Create(profile.moduleInstance, WS_EX_TOOLWINDOW, ClassicMetrics.windowStyle, place, nullptr, &bar);
+    if (!bar.window) {
+        KeepFailure("a taskbar's window");
+        return;
+    }
     ApplyTheme(bar);
     AttachShellHook(bar, true);
     ApplyOnTop(bar);
@@ -248,7 +239,7 @@ void InitTaskbar(SecondaryTaskbar& bar, DWORD displayIndex, HMONITOR display, co
 }
 
 void UnregisterTaskbarClass() noexcept {
-    if (registered && UnregisterClassA(TaskbarWindowClass, profile.moduleInstance)) registered = 0;
+    taskbarClass.Unregister();
 }
 
 }  // namespace halyard

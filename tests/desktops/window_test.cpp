@@ -95,6 +95,31 @@ TEST_F(HiddenWindowTest, ComesBackWithTheServerAfterAKilledOne) {
         EXPECT_TRUE(BecomesHidden(window));
 }
 
+TEST_F(WindowTest, OfTheDesktopsNameComeOnEachDisplayForAMoment) {
+    WriteNumber(published::ProductKey, "ShowDesktopName", 1);
+    StartLoader();
+    const auto signs = [] {
+        std::vector<HWND> found;
+        for (HWND window : TopLevelWindows()) {
+            char name[64] = {};
+            GetClassNameA(window, name, sizeof(name));
+            if (IsWindowVisible(window) && std::string(name) == "TevralHalyardNameWndClass") found.push_back(window);
+        }
+        return found;
+    };
+    const Sample sample = OpenSample("Sample");
+    ASSERT_TRUE(WindowsBecome(0, 1));
+    Assign(sample.window, published::AllDesktops);
+    SetForegroundWindow(sample.window);
+    Switch(1);
+    Switch(2);
+    ASSERT_TRUE(Eventually([&] { return signs().size() == 2; }));
+    const std::vector<HWND> shown = signs();
+    EXPECT_NE(MonitorFromWindow(shown[0], MONITOR_DEFAULTTONULL), MonitorFromWindow(shown[1], MONITOR_DEFAULTTONULL));
+    EXPECT_TRUE(Eventually([&] { return GetForegroundWindow() == sample.window; }));
+    EXPECT_TRUE(Eventually([&] { return signs().empty(); }, 3000));
+}
+
 TEST_F(WindowTest, OfADesktopThatWasRemovedFromTheRegistry) {
     StartLoader();
     const Sample sample = OpenSample("Homeless");

@@ -23,8 +23,9 @@ TEST(DisplaySet, TakesTenDisplaysInAnyOrder) {
                 return RECT{left + 30, index % 2 ? LONG{0} : LONG{-40}, left + 800, 600 - static_cast<LONG>(index)};
             };
             for (const unsigned index : order)
-                set.Add(0x7FFFFFF8 + index, place(index));
-            EXPECT_TRUE(count < 10 || !set.Add(50, {-5000, -5000, 9000, 9000})) << "the eleventh";
+                set.Add({.handle = 0x7FFFFFF8 + index, .workArea = place(index)});
+            EXPECT_TRUE(count < 10 || !set.Add({.handle = 50, .workArea = {-5000, -5000, 9000, 9000}}))
+                << "the eleventh";
             EXPECT_EQ((RECT{-770, -40, static_cast<LONG>(count) * 800 - 800, 600}), set.workBounds);
             ASSERT_EQ(count, set.count);
             for (unsigned index = 0; index < count; ++index) {
@@ -33,6 +34,9 @@ TEST(DisplaySet, TakesTenDisplaysInAnyOrder) {
                 EXPECT_EQ((index + 1) % count, set.NextOf(index));
             }
             EXPECT_EQ(DisplaySet::None, set.IndexOf(50));
+            for (unsigned number = 1; number <= count; ++number)
+                EXPECT_EQ(0x7FFFFFF8 + order[number - 1], set.Numbered(number)->handle) << "in order of adding";
+            EXPECT_EQ(nullptr, set.Numbered(count + 1));
         } while (count < 10 && std::next_permutation(order.begin(), order.end()));
     }
 }

@@ -164,6 +164,31 @@ TEST_F(HotkeysTest, FindTheCursorAndLeaveNoPixelBehind) {
     EXPECT_TRUE(Eventually([&] { return Surroundings() == before; })) << "pixels were left behind";
 }
 
+// The window in front goes to a desktop, alone or with the user, who adds Shift for that; and to a display.
+TEST_F(HotkeysTest, MoveTheWindowInFront) {
+    StoreBinding("-2147483646", Binding('M', 1, 1, 0));
+    StoreBinding("-1610612734", Binding('D', 1, 1, 0));
+    StoreBinding("-1610612727", Binding('E', 1, 1, 0));  // of a ninth display
+    StartLoader();
+    const Sample left = OpenFrame("Left");
+    const Sample moved = OpenFrame("Moved");
+    ASSERT_TRUE(WindowsBecome(0, 2));
+    ASSERT_TRUE(BringToFront(moved.window));
+    TapKey("ctrl+alt+d");
+    EXPECT_TRUE(Eventually([&] { return PlaceOf(moved.window).left >= 1024; })) << Describe(moved.window);
+    TapKey("ctrl+alt+m");
+    EXPECT_TRUE(BecomesHidden(moved.window));
+    EXPECT_TRUE(Eventually([&] { return GetForegroundWindow() == left.window; })) << "the next";
+    EXPECT_TRUE(WindowsBecome(2, 1) && DesktopBecomes(0));
+    TapKey("ctrl+alt+shift+m");
+    EXPECT_TRUE(DesktopBecomes(2));
+    EXPECT_TRUE(Eventually([&] { return GetForegroundWindow() == left.window; })) << "what came along stays in front";
+    EXPECT_TRUE(BecomesVisible(moved.window) && WindowsBecome(2, 2));
+    OpenSheet(HotkeysTab);
+    Press(IDOK);
+    EXPECT_EQ(StoredBinding("-1610612727"), Binding('E', 1, 1, 0)) << "the display may come back";
+}
+
 }  // namespace
 
 }  // namespace halyard::test

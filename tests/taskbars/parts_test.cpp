@@ -35,9 +35,15 @@ struct MadeUpDisplay {
 std::vector<MadeUpDisplay> displays;
 const char* primary = nullptr;  // the one with the shell's bar
 
-// By its name, as the platform keeps a display's handle.
+// 32 bits of the name's address, as many as a handle has.
 HMONITOR HandleOf(const char* display) {
-    return reinterpret_cast<HMONITOR>(const_cast<char*>(display));
+    return HandleFromBits<HMONITOR>(static_cast<DWORD>(reinterpret_cast<ULONG_PTR>(display)));
+}
+
+const char* NameOf(HMONITOR handle) {
+    const auto display = std::find_if(displays.begin(), displays.end(),
+                                      [=](const auto& known) { return HandleOf(known.name) == handle; });
+    return display == displays.end() ? "gone" : display->name;
 }
 
 BOOL WINAPI Enumerate(HDC, const RECT*, MONITORENUMPROC receive, LPARAM lParam) {
@@ -87,7 +93,7 @@ protected:
     static std::string Bars() {
         std::string text;
         for (unsigned index = 0; index < TaskbarCount(); ++index)
-            text += std::string(reinterpret_cast<const char*>(TaskbarAt(index).display)) + "=" +
+            text += std::string(NameOf(TaskbarAt(index).display)) + "=" +
                     std::to_string(TaskbarAt(index).displayIndex) + " ";
         return text;
     }
