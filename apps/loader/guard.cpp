@@ -2,6 +2,7 @@
 
 #include "desktops/recovery.h"
 #include "loader/channel.h"
+#include "server/rescue.h"
 
 #include <cstdio>
 
@@ -104,7 +105,7 @@ int RunGuard(DWORD resident) noexcept {
         // A loader that has been started meanwhile does all this as its server starts.
         const ResidentsPlace place;
         if (!place.IsTaken()) return 0;
-        RecoverDesktops();
+        RescueSession();
     }
     DWORD id = 0;
     if (process && LivedLong(process.get())) StartSelf("", id);
@@ -113,7 +114,7 @@ int RunGuard(DWORD resident) noexcept {
 
 void RestoreWindows() noexcept {
     const ResidentsPlace place;
-    RecoverDesktops();
+    RescueSession();
 }
 
 }  // namespace halyard::loader

@@ -1,18 +1,14 @@
 #include "desktops/recovery.h"
 
-#include "desktops/hidden_mark.h"
 #include "desktops/kept_background.h"
 #include "desktops/wallpaper.h"
-#include "process/com.h"
 #include "process/protocol.h"
 
 namespace halyard {
 
-void RecoverDesktops() noexcept {
-    ShowMarkedWindows();
+void RecoverBackground() noexcept {
     Desktop standard(DefaultDesktopId, nullptr, 0);
     if (!ReadDefaultBackground(standard)) return;
-    BindCom();
     const INT element = COLOR_BACKGROUND;
     if (GetSysColor(element) != standard.colour) SetSysColors(1, &element, &standard.colour);
     GiveWallpaper(standard);

@@ -13,6 +13,7 @@
 #include "process/broadcasts.h"
 #include "process/com.h"
 #include "process/failures.h"
+#include "process/hook_record.h"
 #include "process/profile.h"
 #include "process/shared_section.h"
 #include "server/first_run.h"
@@ -20,6 +21,7 @@
 #include "server/server_window.h"
 #include "settings/settings.h"
 #include "taskbars/extras.h"
+#include "taskbars/shell/shell_tabs.h"
 
 namespace halyard {
 
@@ -28,6 +30,7 @@ bool StartServer(WNDPROC procedure) noexcept {
     if (!ClearDeadServer()) return false;
     profile.isServerProcess = true;
     BindCom();
+    GiveTabsBack();
     if (Desktop* standard = desktopList.Find(DefaultDesktopId)) {
         CaptureBackground(*standard);
         ShowMarkedWindows();
@@ -66,8 +69,9 @@ void TurnOff() noexcept {
 
 namespace {
 
-HHOOK SetHook(int kind, HOOKPROC procedure, const char* name) noexcept {
+HHOOK SetHook(int kind, HOOKPROC procedure, OwnHook which, const char* name) noexcept {
     HHOOK hook = SetWindowsHookExA(kind, procedure, profile.moduleInstance, 0);
+    RecordHook(which, hook);
     if (!hook) KeepFailure(name);
     return hook;
 }
@@ -76,8 +80,10 @@ HHOOK SetHook(int kind, HOOKPROC procedure, const char* name) noexcept {
 
 void InstallHooks() noexcept {
     if (HooksInstalled()) return;
-    SetCallWndProcRetHook(SetHook(WH_CALLWNDPROCRET, CallWndProcRetHookProc, "the hook of sent messages"));
-    SetGetMessageHook(SetHook(WH_GETMESSAGE, GetMessageHookProc, "the hook of posted messages"));
+    SetCallWndProcRetHook(
+        SetHook(WH_CALLWNDPROCRET, CallWndProcRetHookProc, OwnHook::SentMessages, "the hook of sent messages"));
+    SetGetMessageHook(
+        SetHook(WH_GETMESSAGE, GetMessageHookProc, OwnHook::PostedMessages, "the hook of posted messages"));
     if (!CallWndProcRetHook() || !GetMessageHook()) {
         // One without the other would leave windows that nothing looks after.
         DropHooks();

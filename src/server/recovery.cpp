@@ -1,5 +1,6 @@
 #include "server/recovery.h"
 
+#include "process/hook_record.h"
 #include "process/protocol.h"
 #include "process/shared_section.h"
 
@@ -13,12 +14,15 @@ void DropHooks() noexcept {
     if (sent) UnhookWindowsHookEx(sent);
     if (posted) UnhookWindowsHookEx(posted);
     SetGetMessageHook(nullptr);
+    RecordHook(OwnHook::SentMessages, nullptr);
+    RecordHook(OwnHook::PostedMessages, nullptr);
 }
 
 bool ClearDeadServer() noexcept {
     if (FindWindowA(ServerWindowClass, nullptr)) return false;
-    // Not every platform takes system-wide hooks away with the thread that set them.
     DropHooks();
+    // Those of a server whose shared block went with the last program that had it mapped.
+    DropRecordedHooks();
     SetServerWindow(nullptr);
     SetHooksInstalled(false);
     SetCurrentDesktopId(DefaultDesktopId);

@@ -50,12 +50,12 @@ TEST_F(LoaderTest, RefusesWhatItCantDo) {
 }
 
 TEST_F(LoaderTest, HandsItsSwitchesToTheResident) {
-    StartLoader();
+    StartLoader("--no-guard");
     const Sample sample = OpenSample("Told");
     ASSERT_TRUE(WindowsBecome(0, 1));
     EXPECT_EQ(Loader("--switch 2 --status").out,
               "enabled: yes\nhooks: in\ncurrent desktop: 2\ndesktop 0: \"Default\", 1 window\n"
-              "desktop 1: \"One\", 0 windows\ndesktop 2: \"Two\", 0 windows\nall desktops: 0 windows\n");
+              "desktop 1: \"One\", 0 windows\ndesktop 2: \"Two\", 0 windows\nall desktops: 0 windows\nguard: none\n");
     EXPECT_TRUE(BecomesHidden(sample.window));
     EXPECT_EQ(Loader("").status, 0u) << "a second start hands over nothing and ends";
 

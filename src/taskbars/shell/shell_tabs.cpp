@@ -14,7 +14,15 @@ namespace {
 constexpr GUID TaskbarListClass = {0x56FDF344, 0xFD6D, 0x11D0, {0x95, 0x8A, 0x00, 0x60, 0x97, 0xC9, 0xA0, 0x90}};
 constexpr GUID TaskbarListInterface = {0x56FDF342, 0xFD6D, 0x11D0, {0x95, 0x8A, 0x00, 0x60, 0x97, 0xC9, 0xA0, 0x90}};
 
+// A property of a window whose button has been taken, for whoever comes after a killed server.
+constexpr char TakenTab[] = "TevralHalyardTab";
+
 ITaskbarList* taskbarList = nullptr;
+
+BOOL CALLBACK GiveBackIfTaken(HWND window, LPARAM) noexcept {
+    if (GetPropA(window, TakenTab) && (taskbarList || CreateTaskbarList())) AddTab(window);
+    return TRUE;
+}
 
 }  // namespace
 
@@ -28,10 +36,16 @@ bool CreateTaskbarList() noexcept {
 
 void AddTab(HWND window) noexcept {
     if (taskbarList) taskbarList->AddTab(window);
+    RemovePropA(window, TakenTab);
 }
 
 void DeleteTab(HWND window) noexcept {
-    if (taskbarList) taskbarList->DeleteTab(window);
+    // A window that refuses the mark keeps its button: nobody could give it back after a kill.
+    if (taskbarList && SetPropA(window, TakenTab, taskbarList)) taskbarList->DeleteTab(window);
+}
+
+void GiveTabsBack() noexcept {
+    EnumWindows(GiveBackIfTaken, 0);
 }
 
 }  // namespace halyard

@@ -12,4 +12,7 @@ bool CreateTaskbarList() noexcept;
 void AddTab(HWND window) noexcept;
 void DeleteTab(HWND window) noexcept;
 
+// Gives back every button that a killed server had taken. Any process, with COM bound; only while no server lives.
+void GiveTabsBack() noexcept;
+
 }  // namespace halyard

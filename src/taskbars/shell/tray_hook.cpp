@@ -4,6 +4,7 @@
 #include "common/row.h"
 #include "process/com.h"
 #include "process/failures.h"
+#include "process/hook_record.h"
 #include "process/profile.h"
 #include "process/protocol.h"
 #include "process/shared_section.h"
@@ -129,6 +130,7 @@ bool InstallTrayHook() noexcept {
     SetTrayListWindow(FindTrayList(tray));
     SetTrayHook(SetWindowsHookExA(WH_GETMESSAGE, TrayHookProc, profile.moduleInstance,
                                   GetWindowThreadProcessId(tray, nullptr)));
+    RecordHook(OwnHook::ShellTray, TrayHook());
     if (!TrayHook()) {
         KeepFailure("the hook in the shell");
         return false;
@@ -140,6 +142,7 @@ bool InstallTrayHook() noexcept {
 void RemoveTrayHook() noexcept {
     if (!TrayHook()) return;
     UnhookWindowsHookEx(TrayHook());
+    RecordHook(OwnHook::ShellTray, nullptr);
     Wake(TrayWindow());
     SetTrayHook(nullptr);
 }
