@@ -1,6 +1,5 @@
 #include "loader/guard.h"
 
-#include "desktops/recovery.h"
 #include "loader/channel.h"
 #include "server/rescue.h"
 

@@ -1,5 +1,5 @@
-// Which hooks this system has set, kept where it outlives every process of it: on the desktop's window. Wine keeps a hook
-// whose thread has been killed, and with it the library in every program that starts later.
+// Which hooks this system has set, kept where it outlives every process of it: on the desktop's window. Wine keeps a
+// hook whose thread has been killed, and with it the library in every program that starts later.
 #pragma once
 
 #include "common/win_types.h"
