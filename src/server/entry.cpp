@@ -41,6 +41,10 @@ void operator delete[](void* memory, const std::nothrow_t&) noexcept {
     Free(memory);
 }
 
+// The start code calls this to mend references to data of other libraries. There are none, and the linker is told to
+// refuse them: 5 KB less in every program.
+extern "C" void _pei386_runtime_relocator() {}
+
 extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, void*) {
     if (reason == DLL_PROCESS_ATTACH) halyard::OnLoad(module);
     if (reason == DLL_THREAD_DETACH) halyard::OnThreadEnd();
