@@ -12,7 +12,7 @@ namespace {
 constexpr DWORD ShortGuard = 1000;  // ms
 constexpr unsigned MostShortGuards = 5;
 // A server that dies this soon would be started again for ever.
-constexpr ULONGLONG ShortServer = 5ULL * 10'000'000;  // in 100 ns
+constexpr DWORD ShortServer = 5000;  // ms that its guard has seen of it
 constexpr int PathRoom = MAX_PATH + 2;
 
 // Starts this program with the given switches; `id` becomes the new process's. Null on failure.
@@ -35,18 +35,6 @@ KernelHandle GoodbyeEvent(DWORD resident) noexcept {
     char name[40];
     std::snprintf(name, sizeof(name), "TevralHalyardGoodbye%lX", resident);
     return KernelHandle(CreateEventA(nullptr, TRUE, FALSE, name));
-}
-
-ULONGLONG ToNumber(const FILETIME& time) noexcept {
-    return static_cast<ULONGLONG>(time.dwHighDateTime) << 32 | time.dwLowDateTime;
-}
-
-bool LivedLong(HANDLE process) noexcept {
-    FILETIME begin = {};
-    FILETIME end = {};
-    FILETIME kernel = {};
-    FILETIME user = {};
-    return GetProcessTimes(process, &begin, &end, &kernel, &user) && ToNumber(end) - ToNumber(begin) >= ShortServer;
 }
 
 // Whether the process ended, and not the good-bye came first. A process that can't be opened has ended.
@@ -97,8 +85,9 @@ void Guard::SayGoodbye() noexcept {
 }
 
 int RunGuard(DWORD resident) noexcept {
+    const DWORD start = GetTickCount();
     const KernelHandle goodbye = GoodbyeEvent(resident);
-    const KernelHandle process(OpenProcess(SYNCHRONIZE | PROCESS_QUERY_INFORMATION, FALSE, resident));
+    const KernelHandle process(OpenProcess(SYNCHRONIZE, FALSE, resident));
     if (!EndsWithoutGoodbye(process.get(), goodbye.get())) return 0;
     {
         // A loader that has been started meanwhile does all this as its server starts.
@@ -107,7 +96,7 @@ int RunGuard(DWORD resident) noexcept {
         RescueSession();
     }
     DWORD id = 0;
-    if (process && LivedLong(process.get())) StartSelf("", id);
+    if (GetTickCount() - start >= ShortServer) StartSelf("", id);
     return 0;
 }
 

@@ -6,11 +6,17 @@ namespace halyard::loader {
 
 namespace {
 
+// The oldest systems lack the call.
+bool AttachToParentsConsole() noexcept {
+    const FARPROC entry = GetProcAddress(GetModuleHandleA("kernel32.dll"), "AttachConsole");
+    return entry && reinterpret_cast<BOOL(WINAPI*)(DWORD)>(reinterpret_cast<void*>(entry))(ATTACH_PARENT_PROCESS);
+}
+
 void Write(DWORD stream, const std::string& text) {
     if (text.empty()) return;
     HANDLE out = GetStdHandle(stream);
     // A program without a console of its own has no streams unless somebody redirected them.
-    if ((!out || out == INVALID_HANDLE_VALUE) && AttachConsole(ATTACH_PARENT_PROCESS)) out = GetStdHandle(stream);
+    if ((!out || out == INVALID_HANDLE_VALUE) && AttachToParentsConsole()) out = GetStdHandle(stream);
     DWORD written = 0;
     if (out && out != INVALID_HANDLE_VALUE)
         WriteFile(out, text.data(), static_cast<DWORD>(text.size()), &written, nullptr);

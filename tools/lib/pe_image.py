@@ -123,6 +123,20 @@ class Image:
             entry += 20
         return libraries
 
+    def imported(self):
+        """Pairs of library and function, of what is bound when the image is mapped; functions without a name left out."""
+        address, _ = self.directories[IMPORT_DIRECTORY]
+        entry = self.offset_of(address) if address else None
+        wide = self.machine == MACHINES["x64"]
+        while entry is not None and (name := self.u32(entry + 12)):
+            slot = self.offset_of(self.u32(entry) or self.u32(entry + 16))
+            while any(self.data[slot : slot + (8 if wide else 4)]):
+                by_number = self.data[slot + (7 if wide else 3)] & 0x80
+                if not by_number:
+                    yield self.text_at(name).lower(), self.text_at(self.u32(slot) + 2)
+                slot += 8 if wide else 4
+            entry += 20
+
     def delayed(self):
         """The libraries that are mapped at a first call. The linker leaves the directory empty, so that the table of
         each library is found by its symbol too."""
