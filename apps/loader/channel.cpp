@@ -1,5 +1,6 @@
 #include "loader/channel.h"
 
+#include "common/entry.h"
 #include "common/window_class.h"
 
 #include <algorithm>
@@ -33,8 +34,8 @@ HWND MakeReplyWindow() noexcept {
 void AllowForeground(HWND window) noexcept {
     DWORD process = 0;
     GetWindowThreadProcessId(window, &process);
-    const FARPROC entry = GetProcAddress(GetModuleHandleA("user32.dll"), "AllowSetForegroundWindow");
-    if (entry) reinterpret_cast<BOOL(WINAPI*)(DWORD)>(reinterpret_cast<void*>(entry))(process);
+    const auto allow = EntryOf<BOOL(WINAPI*)(DWORD)>(GetModuleHandleA("user32.dll"), "AllowSetForegroundWindow");
+    if (allow) allow(process);
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 #include "loader/output.h"
 
-#include <windows.h>
+#include "common/entry.h"
 
 namespace halyard::loader {
 
@@ -8,8 +8,8 @@ namespace {
 
 // The oldest systems lack the call.
 bool AttachToParentsConsole() noexcept {
-    const FARPROC entry = GetProcAddress(GetModuleHandleA("kernel32.dll"), "AttachConsole");
-    return entry && reinterpret_cast<BOOL(WINAPI*)(DWORD)>(reinterpret_cast<void*>(entry))(ATTACH_PARENT_PROCESS);
+    const auto attach = EntryOf<BOOL(WINAPI*)(DWORD)>(GetModuleHandleA("kernel32.dll"), "AttachConsole");
+    return attach && attach(ATTACH_PARENT_PROCESS);
 }
 
 void Write(DWORD stream, const std::string& text) {

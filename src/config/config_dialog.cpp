@@ -1,6 +1,7 @@
 #include "config/config_dialog.h"
 
 #include "common/handles.h"
+#include "common/message_wait.h"
 #include "config/pages.h"
 #include "config/sheet.h"
 #include "config/sprites.h"
@@ -162,15 +163,11 @@ void DestroyConfigDialog() noexcept {
     if (!dialogThread) return;
     // The window belongs to its own thread, which ends it as the user would; that thread may be on its way to opening
     // it, or be asking the server for something.
-    HANDLE thread = dialogThread.get();
+    constexpr DWORD Step = 50;  // ms
     const DWORD start = GetTickCount();
-    while (GetTickCount() - start < EndTimeout) {
+    do {
         if (HWND window = sheet.window) PostMessageA(window, PSM_PRESSBUTTON, PSBTN_CANCEL, 0);
-        constexpr DWORD Step = 50;  // ms
-        if (MsgWaitForMultipleObjects(1, &thread, FALSE, Step, QS_SENDMESSAGE) == WAIT_OBJECT_0) break;
-        MSG message;
-        PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE | (QS_SENDMESSAGE << 16));
-    }
+    } while (!WaitAnswering(dialogThread.get(), Step) && GetTickCount() - start < EndTimeout);
     dialogThread.Reset();
 }
 

@@ -1,5 +1,7 @@
 #include "crash/report_dialog.h"
 
+#include "common/handles.h"
+
 #include "behaviours/geometry.h"
 #include "common/win_types.h"
 #include "process/profile.h"
@@ -69,11 +71,11 @@ void KeepLinkClear(HWND dialog) noexcept {
     const int length = GetWindowTextA(hint, text, sizeof(text) - 1);
     text[length] = ' ';
     SIZE size = {};
-    HDC dc = GetDC(hint);
-    HGDIOBJ old = SelectObject(dc, reinterpret_cast<HFONT>(SendMessageA(hint, WM_GETFONT, 0, 0)));
-    GetTextExtentPoint32A(dc, text, length + 1, &size);
-    SelectObject(dc, old);
-    ReleaseDC(hint, dc);
+    {
+        const WindowDc dc(hint);
+        const SelectedObject font(dc.get(), reinterpret_cast<HFONT>(SendMessageA(hint, WM_GETFONT, 0, 0)));
+        GetTextExtentPoint32A(dc.get(), text, length + 1, &size);
+    }
     const LONG over = hintPlace.left + size.cx - linkPlace.left;
     if (over <= 0) return;
     MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&linkPlace), 2);
@@ -113,12 +115,10 @@ INT_PTR OnDrawItem(const DRAWITEMSTRUCT& item) noexcept {
     LOGFONTA look = {};
     GetObjectA(GetCurrentObject(item.hDC, OBJ_FONT), sizeof(look), &look);
     look.lfUnderline = 1;
-    HFONT font = CreateFontIndirectA(&look);
-    HGDIOBJ old = SelectObject(item.hDC, font);
+    const Font font(CreateFontIndirectA(&look));
+    const SelectedObject selected(item.hDC, font.get());
     SetTextColor(item.hDC, LinkColour);
     TextOutA(item.hDC, 0, 0, SupportAddress, sizeof(SupportAddress) - 1);
-    SelectObject(item.hDC, old);
-    DeleteObject(font);
     return TRUE;
 }
 

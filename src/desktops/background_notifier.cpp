@@ -1,6 +1,7 @@
 #include "desktops/background_notifier.h"
 
 #include "common/handles.h"
+#include "common/message_wait.h"
 #include "desktops/helper_thread.h"
 #include "process/protocol.h"
 
@@ -58,17 +59,6 @@ void NotifyAll() {
     }
 }
 
-// The notices also go to the windows of this thread, so sent messages must be answered while it waits.
-void WaitUntilIdle() noexcept {
-    const DWORD start = GetTickCount();
-    HANDLE idle = notifier.idle.get();
-    for (DWORD waited = 0; waited < Patience; waited = GetTickCount() - start) {
-        if (MsgWaitForMultipleObjects(1, &idle, FALSE, Patience - waited, QS_SENDMESSAGE) == WAIT_OBJECT_0) return;
-        MSG message;
-        PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE | (QS_SENDMESSAGE << 16));
-    }
-}
-
 template <typename Request>
 void Order(Request request) noexcept {
     bool start = false;
@@ -81,7 +71,8 @@ void Order(Request request) noexcept {
     }
     // Where no thread can be made the work is done here, even though a slow program then holds it up.
     if (start && !RunOnHelperThread(NotifyAll)) NotifyAll();
-    WaitUntilIdle();
+    // The notices also go to the windows of this thread.
+    WaitAnswering(notifier.idle.get(), Patience);
 }
 
 }  // namespace

@@ -33,14 +33,12 @@ WindowTraits TraitsOf(HWND window, const ClassName& name) noexcept {
 
 }  // namespace
 
-bool IsManagedWindow(HWND window) noexcept {
+WindowKind KindOf(HWND window) noexcept {
+    // Most windows are children, and neither.
+    if (ReadWindowLong(window, GWL_STYLE) & WS_CHILD) return {};
     const ClassName name(window);
-    return IsManaged(TraitsOf(window, name));
-}
-
-bool IsDialogWindow(HWND window) noexcept {
-    const ClassName name(window);
-    return IsDialog(TraitsOf(window, name));
+    const WindowTraits traits = TraitsOf(window, name);
+    return {IsManaged(traits), IsDialog(traits)};
 }
 
 bool QualifiesForWindowMemory(HWND window) noexcept {

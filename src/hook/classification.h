@@ -6,9 +6,13 @@
 
 namespace halyard {
 
+struct WindowKind {
+    bool isManaged = false;
+    bool isDialog = false;
+};
+
 // A window that has gone has no style and no class, and passes none of the tests. Any thread.
-bool IsManagedWindow(HWND window) noexcept;
-bool IsDialogWindow(HWND window) noexcept;
+WindowKind KindOf(HWND window) noexcept;
 bool QualifiesForWindowMemory(HWND window) noexcept;
 
 // The class name with an "Afx:" name cut at its last colon; empty when it can't be read.

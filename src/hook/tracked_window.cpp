@@ -24,8 +24,9 @@ void TrackedWindow::ForgetDesktop() noexcept {
 
 void TrackedWindow::Classify() noexcept {
     classified = true;
-    isManaged = IsManagedWindow(window);
-    isDialog = IsDialogWindow(window);
+    const WindowKind kind = KindOf(window);
+    isManaged = kind.isManaged;
+    isDialog = kind.isDialog;
     Trace("Classify", "window %x managed %d dialog %d", HandleBits(window), isManaged, isDialog);
     if (isManaged)
         AddMenuExtension(*this);

@@ -1,6 +1,7 @@
 // What a process that has mapped the library knows of itself: its module, its system, its program.
 #pragma once
 
+#include "common/entry.h"
 #include "common/win_types.h"
 #include "process/program_flags.h"
 
@@ -74,11 +75,5 @@ void ReadProgramFlags(Profile& target) noexcept;
 
 // Looks for the shell's desktop windows, once; only where the program counts as the shell.
 void FindShellWindows(Profile& target) noexcept;
-
-// A platform entry as the type that the caller knows it by; null when the module or the entry is missing.
-template <typename Function>
-Function EntryOf(HMODULE module, const char* name) noexcept {
-    return module ? reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(module, name))) : nullptr;
-}
 
 }  // namespace halyard

@@ -1,5 +1,6 @@
 #include "settings/store.h"
 
+#include "common/administrator.h"
 #include "process/profile.h"
 #include "settings/registry_key.h"
 
@@ -99,27 +100,6 @@ bool IsExcluded() noexcept {
 void SetExcluded() noexcept {
     RegistryKey key;
     if (OpenAppKey(key, true)) key.WriteDword("Excluded", 1);
-}
-
-bool IsUserAdministrator() noexcept {
-    using AllocateSidFn =
-        BOOL(WINAPI*)(SID_IDENTIFIER_AUTHORITY*, BYTE, DWORD, DWORD, DWORD, DWORD, DWORD, DWORD, DWORD, DWORD, PSID*);
-    using CheckMembershipFn = BOOL(WINAPI*)(HANDLE, PSID, BOOL*);
-    using FreeSidFn = void*(WINAPI*)(PSID);
-    const HMODULE security = GetModuleHandleA("advapi32.dll");
-    const auto allocateSid = EntryOf<AllocateSidFn>(security, "AllocateAndInitializeSid");
-    const auto checkMembership = EntryOf<CheckMembershipFn>(security, "CheckTokenMembership");
-    const auto freeSid = EntryOf<FreeSidFn>(security, "FreeSid");
-    if (!allocateSid || !checkMembership) return false;
-    SID_IDENTIFIER_AUTHORITY authority = {{0, 0, 0, 0, 0, 5}};  // SECURITY_NT_AUTHORITY
-    PSID administrators = nullptr;
-    if (!allocateSid(&authority, 2, SECURITY_BUILTIN_DOMAIN_RID, DOMAIN_ALIAS_RID_ADMINS, 0, 0, 0, 0, 0, 0,
-                     &administrators))
-        return false;
-    BOOL member = FALSE;
-    if (!checkMembership(nullptr, administrators, &member)) member = FALSE;
-    if (freeSid) freeSid(administrators);
-    return member != FALSE;
 }
 
 bool CanChangeSettings() noexcept {

@@ -37,7 +37,6 @@ void WriteIndexedValue(DWORD index, const char* name, DWORD value) noexcept;
 bool IsExcluded() noexcept;
 void SetExcluded() noexcept;
 
-bool IsUserAdministrator() noexcept;
 // Whether this user may write the configuration.
 bool CanChangeSettings() noexcept;
 

@@ -1,4 +1,5 @@
 // The settings and where they lie, whatever stands there.
+#include "common/administrator.h"
 #include "settings/registry_key.h"
 #include "settings/settings.h"
 #include "support/damaged_values.h"

@@ -1,6 +1,7 @@
 #include "taskbars/shell/tray_hook.h"
 
 #include "common/handles.h"
+#include "common/message_wait.h"
 #include "common/row.h"
 #include "process/com.h"
 #include "process/failures.h"
@@ -52,18 +53,6 @@ void Wake(HWND tray) noexcept {
     if (tray) SendNotifyMessageA(tray, WM_NULL, 0, 0);
 }
 
-// The hook's messages to the server are let in meanwhile: the shell's thread may be waiting for just that.
-bool WaitForAnswer(HANDLE answered) noexcept {
-    const DWORD start = GetTickCount();
-    for (DWORD waited = 0; waited < AnswerTimeout; waited = GetTickCount() - start) {
-        if (MsgWaitForMultipleObjects(1, &answered, FALSE, AnswerTimeout - waited, QS_SENDMESSAGE) == WAIT_OBJECT_0)
-            return true;
-        MSG message;
-        PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE | (QS_SENDMESSAGE << 16));
-    }
-    return WaitForSingleObject(answered, 0) == WAIT_OBJECT_0;
-}
-
 HANDLE HandleInProcess(HANDLE process, HANDLE own) noexcept {
     HANDLE duplicate = nullptr;
     DuplicateHandle(GetCurrentProcess(), own, process, &duplicate, 0, FALSE, DUPLICATE_SAME_ACCESS);
@@ -86,8 +75,8 @@ std::optional<DWORD> AskTray(UINT message, WPARAM wParam) noexcept {
     HANDLE duplicate = HandleInProcess(process.get(), answered.get());
     if (!duplicate) return {};
     // The duplicate is the hook's to close from here on.
-    shell.isSilent =
-        !PostMessageA(list, message, wParam, reinterpret_cast<LPARAM>(duplicate)) || !WaitForAnswer(answered.get());
+    shell.isSilent = !PostMessageA(list, message, wParam, reinterpret_cast<LPARAM>(duplicate)) ||
+                     !WaitAnswering(answered.get(), AnswerTimeout);
     shell.silentSince = GetTickCount();
     if (shell.isSilent) return {};
     return TrayAnswer();
