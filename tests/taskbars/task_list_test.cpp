@@ -63,6 +63,7 @@ TEST_F(TaskListTest, WindowsOfAnotherDesktopLeaveTheBarAndComeBack) {
         return Eventually([&] { return has(wanted) && !has(other); });
     };
     EXPECT_TRUE(Eventually([&] { return has("Staying") && has("Going"); }));
+    ASSERT_TRUE(WindowsBecome(0, 2)) << "an unknown window would only be noted";
     Assign(going.window, 1);
     EXPECT_TRUE(hasOnly("Staying", "Going"));
     Switch(1);
