@@ -61,6 +61,7 @@ int PrintVisible(int count, char** titles) noexcept {
 int Usage() noexcept {
     std::fputs("usage: demo_window place TITLE LEFT TOP WIDTH HEIGHT\n"
                "       demo_window send TITLE DESKTOP\n"
+               "       demo_window front TITLE        ends with 0 where that window is in front\n"
                "       demo_window visible TITLE...   prints the titles of those that are\n",
                stderr);
     return 2;
@@ -74,8 +75,9 @@ int main(int count, char** arguments) {
         return std::strcmp(arguments[1], command) == 0 && (wanted == 0 || count == wanted);
     };
     if (is("visible", 0)) return PrintVisible(count - 2, arguments + 2);
-    if (!is("place", 7) && !is("send", 4)) return Usage();
+    if (!is("place", 7) && !is("send", 4) && !is("front", 3)) return Usage();
     HWND window = FindByTitle(arguments[2]);
     if (!window) return 1;
+    if (is("front", 3)) return GetForegroundWindow() == window ? 0 : 1;
     return count == 7 ? Place(window, arguments + 3) : SendToDesktop(window, arguments[3]);
 }

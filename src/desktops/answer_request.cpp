@@ -15,6 +15,9 @@ void CALLBACK NoteAnswer(HWND, UINT, ULONG_PTR request, LRESULT) noexcept {
 }  // namespace
 
 void RequestAnswer(HWND window) noexcept {
+    // X ignores a request for the focus that is older than the last change of it, and Wine gives the request the time
+    // of the posted message that the thread took last. One that has been idle takes this one right after its answer.
+    PostMessageA(window, WM_NULL, 0, 0);
     SendMessageCallbackA(window, WM_NULL, 0, 0, NoteAnswer, ++lastRequest);
 }
 

@@ -1,6 +1,7 @@
 #include "desktops/keyboard_keeper.h"
 
 #include "common/window_class.h"
+#include "process/profile.h"
 
 namespace halyard {
 
@@ -62,11 +63,20 @@ void TakeKeyboard() noexcept {
     PostMessageA(keeper, KM_WAKE, 0, 0);
     PeekMessageA(&message, keeper, KM_WAKE, KM_WAKE, PM_REMOVE);
     SetForegroundWindow(keeper);
+    // Wine holds the request back until the thread looks for events. It must reach X before that of the next window,
+    // which comes from another program and may carry the same time.
+    PeekMessageA(&message, keeper, KM_WAKE, KM_WAKE, PM_NOREMOVE);
 }
 
 void LowerKeeper() noexcept {
     raised = false;
-    if (keeper && !KeeperHasKeyboard()) ShowWindow(keeper, SW_HIDE);
+    if (!keeper || KeeperHasKeyboard()) return;
+    // X may have refused the focus to the window that has been given the foreground, since its program's clock is a
+    // little late. The keys come to it by the keeper then.
+    if (profile.focusNeedsWindow)
+        SetWindowPos(keeper, HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_NOSENDCHANGING);
+    else
+        ShowWindow(keeper, SW_HIDE);
 }
 
 void LowerKeeperSoon(unsigned over) noexcept {

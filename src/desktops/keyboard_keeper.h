@@ -14,7 +14,7 @@ namespace halyard {
 void RaiseKeeper() noexcept;
 // Gives it the foreground, too.
 void TakeKeyboard() noexcept;
-// Hides it, now or when it loses the foreground.
+// Hides it, now or when it loses the foreground; on Wine it goes to the bottom.
 void LowerKeeper() noexcept;
 // The same a little later, unless it is raised again until then: `turn` is the number of the raise that is over. Any
 // thread.

@@ -17,6 +17,8 @@ namespace {
 // Values of the setting; any other means that the desktop of the window becomes current.
 enum Answer : DWORD { BringWindow = 1, LeaveHidden = 2 };
 
+bool sessionEnding = false;
+
 // `NoDesktop` for a window that is to be seen now.
 DesktopId DesktopElsewhere(HWND window) noexcept {
     const SeenRow chain = SeeWithOwners(window);
@@ -66,6 +68,7 @@ void OnWindowShown(HWND window, bool shown) noexcept {
         return;
     }
     const DesktopId desktop = DesktopElsewhere(window);
+    if (sessionEnding) return;
     // A window that is still to follow the last request may tell of an earlier one.
     if (desktop == NoDesktop || windowDesktopMap.Asked(HandleBits(window)) == Request::Hide) return;
     if (GetForegroundWindow() == window)
@@ -76,8 +79,19 @@ void OnWindowShown(HWND window, bool shown) noexcept {
 
 void OnWindowCalls(HWND window) noexcept {
     const DesktopId desktop = DesktopElsewhere(window);
-    if (desktop == NoDesktop || GetForegroundWindow() != window) return;
+    if (sessionEnding || desktop == NoDesktop || GetForegroundWindow() != window) return;
     if (windowDesktopMap.Asked(HandleBits(window)) != Request::Hide) AnswerCall(window, desktop);
+}
+
+void ShowWindowsForSessionEnd() noexcept {
+    sessionEnding = true;
+    ShowMarkedWindows();
+}
+
+void CallOffSessionEnd() noexcept {
+    if (!sessionEnding) return;
+    sessionEnding = false;
+    BringInLine();
 }
 
 }  // namespace halyard

@@ -17,4 +17,9 @@ bool SendWindowTo(HWND window, DesktopId desktop, bool follow) noexcept;
 void OnWindowShown(HWND window, bool shown) noexcept;
 void OnWindowCalls(HWND window) noexcept;
 
+// The session may end: every hidden window is shown, so that programs can ask about unsaved work where the user sees
+// it. If the end is called off, the windows go back to their desktops. Server's thread.
+void ShowWindowsForSessionEnd() noexcept;
+void CallOffSessionEnd() noexcept;
+
 }  // namespace halyard

@@ -31,6 +31,7 @@ void ReadSystemVersion(Profile& target) noexcept {
     const bool isWine = EntryOf<void (*)()>(core, "wine_get_version") != nullptr;
     target.tracksButtonsWithoutCapture = isWine;
     target.postsMenuCommands = isWine;
+    target.focusNeedsWindow = isWine;
     target.placesFromWorkArea = !isWine;
     target.copiesMinimiseRects = target.isNtFamily && !isWine;
 }

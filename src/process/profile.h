@@ -49,6 +49,10 @@ struct Profile {
     // part of the system menu; a menu captures the mouse with a window of its own. So on Wine.
     bool postsMenuCommands = false;
 
+    // Keys come to the program in front by way of any window that has X's own focus, and to nobody when that window
+    // goes. So on Wine.
+    bool focusNeedsWindow = false;
+
     // The shell's windows; 0 in every other process, and in a shell that mapped the library before it made them.
     HWND progmanWindow = nullptr;
     HWND desktopViewWindow = nullptr;

@@ -148,6 +148,11 @@ bool OnTimer(HWND window, WPARAM timer) noexcept {
     return true;
 }
 
+void OnEndSession(bool ending) noexcept {
+    CallOffSessionEnd();
+    if (ending) Activate(DefaultDesktopId);
+}
+
 void OnDisplayChange() noexcept {
     RefreshDisplays();
     AddDisplayHotkeys();
@@ -180,7 +185,8 @@ LRESULT CALLBACK ServerWndProc(HWND window, UINT message, WPARAM wParam, LPARAM 
     case HM_COUNT_WINDOWS: return OnCountWindows(AsDesktopId(lParam));
     // Not for closing: without it hidden windows would have no way back.
     case WM_CLOSE: return 0;
-    case WM_ENDSESSION: Activate(DefaultDesktopId); break;
+    case WM_QUERYENDSESSION: ShowWindowsForSessionEnd(); break;
+    case WM_ENDSESSION: OnEndSession(wParam != 0); break;
     case WM_DISPLAYCHANGE: OnDisplayChange(); break;
     case WM_TIMER:
         if (OnTimer(window, wParam)) return 0;

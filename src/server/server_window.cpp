@@ -1,5 +1,6 @@
 #include "server/server_window.h"
 
+#include "common/entry.h"
 #include "common/window_class.h"
 #include "process/failures.h"
 #include "process/protocol.h"
@@ -14,6 +15,15 @@ namespace {
 
 std::optional<WindowClass> serverClass;
 
+// Before the others: windows that this system has hidden must be seen when their programs are asked. The Windows 9x
+// family has no order.
+void AskToBeToldFirst() noexcept {
+    constexpr DWORD First = 0x3FF;  // of the levels that a program may take
+    const auto set =
+        EntryOf<BOOL(WINAPI*)(DWORD, DWORD)>(GetModuleHandleA("kernel32.dll"), "SetProcessShutdownParameters");
+    if (set) set(First, 0);
+}
+
 }  // namespace
 
 bool CreateServerWindow(WNDPROC procedure) noexcept {
@@ -26,6 +36,7 @@ bool CreateServerWindow(WNDPROC procedure) noexcept {
         KeepFailure("the server's window");
         return false;
     }
+    AskToBeToldFirst();
     SetTimer(window, PurgeTimer, PurgePeriod, nullptr);
     return true;
 }

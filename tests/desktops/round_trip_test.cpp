@@ -105,9 +105,12 @@ protected:
             ++index;
         return index;
     }
-    // The keeper leaves when the order has been put right.
+    // The keeper goes down when the order has been put right.
     static bool IsSettled() {
-        return Eventually([] { return !IsWindowVisible(FindWindowA("TevralHalyardKeeperWndClass", nullptr)); });
+        return Eventually([] {
+            const HWND keeper = FindWindowA("TevralHalyardKeeperWndClass", nullptr);
+            return !(GetWindowLongA(keeper, GWL_EXSTYLE) & WS_EX_TOPMOST) || !IsWindowVisible(keeper);
+        });
     }
 
     std::vector<Sample> programs;

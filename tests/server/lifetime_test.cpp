@@ -78,8 +78,14 @@ TEST_F(LoaderTest, EndsWithTheSession) {
     Switch(1);
     ASSERT_TRUE(BecomesHidden(sample.window));
     const HWND window = FindWindowA(published::LoaderClass, nullptr);
-    Ask(window, WM_ENDSESSION, FALSE);
+    // The programs are asked whether it may end, and one of them calls it off.
+    Ask(Server(), WM_QUERYENDSESSION);
+    EXPECT_TRUE(BecomesVisible(sample.window));
+    for (const HWND told : {window, Server()})
+        Ask(told, WM_ENDSESSION, FALSE);
     EXPECT_NE(Server(), nullptr) << "a session that goes on";
+    EXPECT_TRUE(BecomesHidden(sample.window));
+    EXPECT_EQ(Status("current desktop"), "1");
     Ask(window, WM_ENDSESSION, TRUE);
     EXPECT_EQ(Server(), nullptr);
     EXPECT_TRUE(BecomesVisible(sample.window));
