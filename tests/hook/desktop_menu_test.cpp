@@ -1,5 +1,6 @@
 // The item in the context menu of the shell's desktop, with a stand-in for the shell's window and real input.
 #include "support/desktop_fixture.h"
+#include "support/input.h"
 
 namespace halyard::test {
 
@@ -8,17 +9,6 @@ namespace {
 constexpr POINT MenuPlace = {300, 200};
 constexpr char MenuClass[] = "#32768";
 constexpr char SheetTitle[] = "Tevral Ombrel Windows Manager";
-
-void Click(POINT place) {
-    SetCursorPos(place.x, place.y);
-    INPUT inputs[3] = {};
-    constexpr DWORD Steps[] = {MOUSEEVENTF_MOVE, MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP};
-    for (int index = 0; index < 3; ++index) {
-        inputs[index].type = INPUT_MOUSE;
-        inputs[index].mi.dwFlags = Steps[index];
-    }
-    SendInput(3, inputs, sizeof(INPUT));
-}
 
 class DesktopMenuTest : public DesktopTest {
 protected:
