@@ -113,6 +113,7 @@ void RemoveHooks() noexcept {
 void Restart(bool enable) noexcept {
     RemoveHooks();
     settings.Load();
+    desktopList.Load();
     if (enable) TurnOn();
 }
 

@@ -37,9 +37,26 @@ done
 [ "$(value "$uninstallKey" DisplayVersion)" = "$old" ] || fail "the list of programs shows another version"
 value "$runKey" Halyard | grep -q 'halyard.exe' || fail "it doesn't start with Windows"
 
-# It runs, and a program has its library, when the new version comes.
-halyard --enable &
+# The new user's road: the first start brings the wizard, which the keyboard alone answers; then a hotkey switches.
+halyard &
 until_true is_running || fail "it doesn't start"
+status_has() { halyard --status | grep -qF -- "$1"; }
+status_has "enabled: no" || fail "it is on before the user has chosen"
+until_true eval 'xdotool search --onlyvisible --name "^Halyard$" >/dev/null 2>&1' || fail "the wizard doesn't come"
+sleep 1
+import -window root build/package/wizard.png
+for key in alt+n alt+n Return; do
+    xdotool key "$key"
+    sleep 0.7
+done
+until_true status_has "enabled: yes" || fail "the wizard doesn't turn it on: $(halyard --status)"
+until_true status_has 'desktop 3: "Desktop 4"' || fail "the wizard's desktops are missing: $(halyard --status)"
+xdotool key ctrl+alt+Right
+until_true status_has "current desktop: 1" || fail "the first hotkey does nothing: $(halyard --status)"
+xdotool key ctrl+alt+1
+until_true status_has "current desktop: 0" || fail "no way back: $(halyard --status)"
+
+# A program has its library when the new version comes.
 # The 64-bit one.
 wine 'C:\windows\notepad.exe' &
 until_true eval 'halyard --status | grep -q "^desktop 0: .*, 1 window"' || fail "the program isn't managed: $(halyard --status)"
