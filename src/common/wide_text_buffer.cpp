@@ -2,6 +2,7 @@
 
 #include "common/win_types.h"
 
+#include <cstring>
 #include <new>
 
 namespace halyard {
@@ -11,6 +12,12 @@ WideTextBuffer::WideTextBuffer(const char* narrow) noexcept {
     if (size <= 0) return;
     chars = new (std::nothrow) wchar_t[static_cast<std::size_t>(size)]();
     if (chars) MultiByteToWideChar(GetACP(), 0, narrow, -1, chars, size);
+}
+
+WideTextBuffer::WideTextBuffer(const wchar_t* wide) noexcept {
+    const int size = lstrlenW(wide) + 1;
+    chars = new (std::nothrow) wchar_t[static_cast<std::size_t>(size)]();
+    if (chars) std::memcpy(chars, wide, static_cast<std::size_t>(size) * sizeof(wchar_t));
 }
 
 WideTextBuffer::~WideTextBuffer() {

@@ -53,7 +53,11 @@ void DrawWhole(SecondaryTaskbar& bar, HDC dc, RECT place, const TaskButton& butt
     place.left += TextLeft;
     place.top += TextTop;
     SetBkMode(dc, TRANSPARENT);
-    DrawTextA(dc, button.text.Text(), -1, &place, DT_VCENTER | DT_SINGLELINE | DT_WORD_ELLIPSIS | DT_NOPREFIX);
+    constexpr UINT OneLine = DT_VCENTER | DT_SINGLELINE | DT_WORD_ELLIPSIS | DT_NOPREFIX;
+    if (profile.isNtFamily)
+        DrawTextW(dc, button.text.Text(), -1, &place, OneLine);
+    else
+        DrawTextA(dc, Narrow(button.text.Text()).Text(), -1, &place, OneLine);
 }
 
 LRESULT DrawItem(SecondaryTaskbar& bar, const NMCUSTOMDRAW& item) noexcept {

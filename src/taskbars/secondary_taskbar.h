@@ -3,7 +3,7 @@
 
 #include "common/handles.h"
 #include "common/row.h"
-#include "common/text_buffer.h"
+#include "common/wide_text_buffer.h"
 #include "taskbars/bar_geometry.h"
 
 #include <commctrl.h>
@@ -19,7 +19,7 @@ using ImageList = Owned<ImageListTraits>;
 
 struct TaskButton {
     int image = I_IMAGENONE;  // in the bar's list
-    TextBuffer text;          // the window's title
+    WideTextBuffer text;      // the window's title
     HWND window = nullptr;
     bool onThisDisplay = false;  // whether the window counted as being on the bar's display when last looked at
     WORD commandId = 0;          // of the toolbar's button

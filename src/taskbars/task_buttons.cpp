@@ -83,6 +83,19 @@ void PlaceToolbar(const SecondaryTaskbar& bar) noexcept {
                  SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS | SWP_NOOWNERZORDER);
 }
 
+// Whether the button is too narrow for its title.
+bool IsCut(const SecondaryTaskbar& bar, const TaskButton& button) noexcept {
+    constexpr LONG AroundText = 30;  // pixels of a button that the picture and the edges take
+    RECT item = {};
+    const LRESULT index = Send(bar, TB_COMMANDTOINDEX, button.commandId);
+    if (!Send(bar, TB_GETITEMRECT, static_cast<WPARAM>(index), &item)) return false;
+    const WindowDc dc(bar.toolbar);
+    const SelectedObject font(dc.get(), reinterpret_cast<HFONT>(SendMessageA(bar.toolbar, WM_GETFONT, 0, 0)));
+    SIZE size = {};
+    GetTextExtentPoint32W(dc.get(), button.text.Text(), lstrlenW(button.text.Text()), &size);
+    return size.cx > WidthOf(item) - AroundText;
+}
+
 }  // namespace
 
 void CreateToolbar(SecondaryTaskbar& bar) noexcept {
@@ -102,11 +115,12 @@ void InsertToolbarButton(SecondaryTaskbar& bar, TaskButton& button, int position
     entry.fsState = TBSTATE_ENABLED;
     entry.fsStyle = BTNS_CHECK | BTNS_NOPREFIX | BTNS_SHOWTEXT;
     entry.dwData = reinterpret_cast<DWORD_PTR>(&button);
-    entry.iString = reinterpret_cast<INT_PTR>(button.text.Text());
+    entry.iString = reinterpret_cast<INT_PTR>(L"");
     // On Windows 2000 a separator stands after each button.
     if (profile.isWindows2000 && position > 0) position *= 2;
     if (Send(bar, TB_INSERTBUTTONA, static_cast<WPARAM>(position), &entry) && profile.isWindows2000)
         InsertSeparator(bar, entry, position);
+    ShowButtonText(bar, button);
 }
 
 void DeleteToolbarButton(SecondaryTaskbar& bar, const TaskButton& button) noexcept {
@@ -115,11 +129,20 @@ void DeleteToolbarButton(SecondaryTaskbar& bar, const TaskButton& button) noexce
 }
 
 void ShowButtonText(SecondaryTaskbar& bar, const TaskButton& button) noexcept {
-    TBBUTTONINFOA info = {};
+    if (!profile.isNtFamily) {
+        TBBUTTONINFOA info = {};
+        info.cbSize = sizeof(info);
+        info.dwMask = TBIF_TEXT;
+        TextBuffer narrow = Narrow(button.text.Text());
+        info.pszText = narrow.Room();
+        Send(bar, TB_SETBUTTONINFOA, button.commandId, &info);
+        return;
+    }
+    TBBUTTONINFOW info = {};
     info.cbSize = sizeof(info);
     info.dwMask = TBIF_TEXT;
-    info.pszText = const_cast<char*>(button.text.Text());
-    Send(bar, TB_SETBUTTONINFOA, button.commandId, &info);
+    info.pszText = const_cast<wchar_t*>(button.text.Text());
+    Send(bar, TB_SETBUTTONINFOW, button.commandId, &info);
 }
 
 void SizeButtons(SecondaryTaskbar& bar) noexcept {
@@ -162,6 +185,11 @@ const TaskButton* ButtonOfEntry(const SecondaryTaskbar& bar, int entry) noexcept
     info.dwMask = TBIF_BYINDEX | TBIF_LPARAM;
     if (Send(bar, TB_GETBUTTONINFOA, static_cast<WPARAM>(entry), &info) < 0) return nullptr;
     return ButtonAtAddress(bar, info.lParam);
+}
+
+void GiveTip(const SecondaryTaskbar& bar, NMTBGETINFOTIPW& tip) noexcept {
+    const TaskButton* button = ButtonAtAddress(bar, static_cast<ULONG_PTR>(tip.lParam));
+    if (button && tip.pszText && IsCut(bar, *button)) lstrcpynW(tip.pszText, button->text.Text(), tip.cchTextMax);
 }
 
 bool MinimiseRect(const SecondaryTaskbar& bar, HWND window, RECT& place) noexcept {

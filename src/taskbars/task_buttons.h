@@ -24,6 +24,9 @@ bool IsChecked(const SecondaryTaskbar& bar, const TaskButton& button) noexcept;
 // Looks for the window's icon. When one is found, the window's buttons on all bars get it.
 void GiveButtonIcon(HWND window) noexcept;
 
+// Fills the tip of a button whose title doesn't fit in it.
+void GiveTip(const SecondaryTaskbar& bar, NMTBGETINFOTIPW& tip) noexcept;
+
 // The entry at a point in screen coordinates; negative where there is none.
 int HitTestButtons(const SecondaryTaskbar& bar, POINT point) noexcept;
 // The button of an entry; null where there is none.

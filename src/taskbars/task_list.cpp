@@ -9,15 +9,13 @@
 #include "taskbars/shell/tray_hook.h"
 #include "taskbars/task_buttons.h"
 #include "taskbars/task_windows.h"
+#include "taskbars/window_title.h"
 
 #include <new>
 
 namespace halyard {
 
 namespace {
-
-constexpr int FirstTitleRoom = 200;  // characters of a new button's title
-constexpr int TitleRoom = 261;       // of a later one
 
 ButtonIds buttonIds;
 
@@ -78,9 +76,7 @@ TaskButton* AddButton(SecondaryTaskbar& bar, HWND window, bool onThisDisplay) no
     button->window = window;
     button->onThisDisplay = onThisDisplay;
     button->commandId = buttonIds.Take();
-    char title[FirstTitleRoom] = {};
-    GetWindowTextA(window, title, FirstTitleRoom);
-    button->text = title;
+    button->text = TitleOf(window);
     bar.buttons.Add(button);
     InsertToolbarButton(bar, *button, place);
     GiveButtonIcon(window);
@@ -136,10 +132,9 @@ void OnWindowActivated(SecondaryTaskbar& bar, HWND window) noexcept {
 void OnWindowRedraw(SecondaryTaskbar& bar, HWND window) noexcept {
     TaskButton* button = FindButton(bar, window);
     if (!button) return;
-    char title[TitleRoom] = {};
-    GetWindowTextA(window, title, TitleRoom);
-    if (!*title) return;
-    button->text = title;
+    WideTextBuffer title = TitleOf(window);
+    if (title.IsEmpty()) return;
+    button->text = std::move(title);
     ShowButtonText(bar, *button);
 }
 

@@ -86,6 +86,9 @@ bool OnNotify(SecondaryTaskbar& bar, LPARAM lParam, LRESULT& result) noexcept {
         if (IsNotice(bar, lParam, sizeof(NMMOUSE))) OnToolbarClick(bar, *reinterpret_cast<const NMMOUSE*>(lParam));
         break;
     case static_cast<UINT>(NM_LDOWN): StartDrag(bar); break;
+    case static_cast<UINT>(TBN_GETINFOTIPW):
+        if (IsNotice(bar, lParam, sizeof(NMTBGETINFOTIPW))) GiveTip(bar, *reinterpret_cast<NMTBGETINFOTIPW*>(lParam));
+        break;
     }
     return false;
 }
@@ -153,6 +156,7 @@ bool HandleMessage(SecondaryTaskbar& bar, UINT message, WPARAM wParam, LPARAM lP
     case AppBarCallback: OnAppBarNotice(bar, wParam, lParam); return true;
     case WM_SIZE: OnSize(bar, LOWORD(lParam), HIWORD(lParam)); return true;
     case WM_NOTIFY: return OnNotify(bar, lParam, result);
+    case WM_NOTIFYFORMAT: result = profile.isNtFamily ? NFR_UNICODE : NFR_ANSI; return true;
     case WM_CLOSE: return true;  // a bar ends by its menu
     case WM_CONTEXTMENU: OnContextMenu(bar, PointOf(lParam)); return true;
     case WM_DISPLAYCHANGE: OnDisplayChange(bar); return true;

@@ -72,6 +72,15 @@ TEST_F(TaskListTest, WindowsOfAnotherDesktopLeaveTheBarAndComeBack) {
     EXPECT_TRUE(hasOnly("Staying", "Going"));
 }
 
+TEST_F(TaskListTest, TitlesAreInEveryScript) {
+    StartAll();
+    const Sample notepad = OpenNotepad();
+    ASSERT_TRUE(WindowsBecome(0, 1));
+    SetWindowTextW(notepad.window, L"\u041F\u0440\u0438 \u03A9 \u0639 \u6587 \U0001F642");
+    MoveWindowTo(notepad.window, OnSecond);
+    EXPECT_TRUE(Shows(2, {"*\u041F\u0440\u0438 \u03A9 \u0639 \u6587 \U0001F642"}));
+}
+
 TEST_F(TaskListTest, AllTasksAreOnAllBarsInTheOrderOfThePrimaryOne) {
     Set("TaskbarsShowAllTasks", 1);
     ASSERT_TRUE(Arrange(ThreeInARow()));

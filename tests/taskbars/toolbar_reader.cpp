@@ -22,13 +22,17 @@ std::vector<ToolbarButton> ReadToolbar(HWND toolbar) {
     for (LRESULT index = 0; index < count; ++index) {
         ToolbarButton button;
         TBBUTTON entry = {};
-        char text[512] = {};
+        wchar_t text[512] = {};
         if (!ask(TB_GETBUTTON, index, entry)) break;
         ask(TB_GETITEMRECT, index, button.place);
         button.command = entry.idCommand;
         button.checked = entry.fsState & TBSTATE_CHECKED;
         button.separator = entry.fsStyle & BTNS_SEP;
-        if (!button.separator && ask(TB_GETBUTTONTEXTA, entry.idCommand, text)) button.text = text;
+        if (!button.separator && ask(TB_GETBUTTONTEXTW, entry.idCommand, text)) {
+            char utf8[2048] = {};
+            WideCharToMultiByte(CP_UTF8, 0, text, -1, utf8, sizeof(utf8) - 1, nullptr, nullptr);
+            button.text = utf8;
+        }
         buttons.push_back(button);
     }
     if (room) VirtualFreeEx(process, room, 0, MEM_RELEASE);
