@@ -42,7 +42,7 @@ protected:
     Sample Open(DWORD mode, const std::string& program = sample::File) {
         Set("CtrlMax", mode);
         StartLoader();
-        const Sample frame = OpenFrameAs(program, "Spanning", Place);
+        const Sample frame = OpenFrame("Spanning", Place, CopyTo(ScratchFolder(), sample::File, program));
         EXPECT_TRUE(WindowsBecome(0, 1));
         EXPECT_TRUE(BringToFront(frame.window));
         return frame;

@@ -124,7 +124,8 @@ TEST_F(WindowMemoryTest, OverThreeRuns) {
 }
 
 TEST_F(WindowMemoryTest, BringsTheDesktopWithTheWindow) {
-    const Sample witness = OpenFrameAs("witness.exe", "Witness", "--at 20,500,200,150");
+    const Sample witness =
+        OpenFrame("Witness", "--at 20,500,200,150", CopyTo(ScratchFolder(), sample::File, "witness.exe"));
     for (const auto& [stored, used] : {std::pair{2, 2}, {7, 0}, {published::AllDesktops, published::AllDesktops}}) {
         WriteNumber(key, "Desktop", static_cast<DWORD>(stored));
         const Sample run = Reopen();
@@ -198,7 +199,7 @@ TEST_F(PatchesTest, ProgramsThatAreKnownAreToldOfAllDisplays) {
         SCOPED_TRACE(std::string(program) + screen);
         const std::string own = ScratchFolder();
         CopyTo(own, "sample_layer.dll", "ExtensionLayer.dll");
-        const Sample frame = OpenFrameFrom(CopyTo(own, sample::File, program), "Told", std::string(Place) + screen);
+        const Sample frame = OpenFrame("Told", std::string(Place) + screen, CopyTo(own, sample::File, program));
         const std::string before = *screen ? sizes : "layer" + plain + "program" + plain;
         EXPECT_TRUE(*screen || ReportOf(frame, sample::ReportSizes) == before);
         Set("Run", 1);

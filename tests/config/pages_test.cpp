@@ -2,7 +2,6 @@
 #include "config/sheet_fixture.h"
 
 #include <commctrl.h>
-#include <shlwapi.h>
 
 namespace halyard::test {
 
@@ -12,18 +11,13 @@ class PagesTest : public SheetTest {
 protected:
     void TearDown() override {
         SheetTest::TearDown();
-        SHDeleteKeyA(HKEY_LOCAL_MACHINE, published::ProductKey);
+        DeleteKey(published::ProductKey, HKEY_LOCAL_MACHINE);
     }
     // Types letters into the row of the list that has begun to be edited.
     void NameRow(const std::string& keys) {
         const auto edit = [&] { return reinterpret_cast<HWND>(Ask(Control(IDC_DESKTOP_LIST), LVM_GETEDITCONTROL)); };
-        const auto focus = [&] {
-            GUITHREADINFO info = {};
-            info.cbSize = sizeof(info);
-            GetGUIThreadInfo(GetWindowThreadProcessId(SheetWindow(), nullptr), &info);
-            return info.hwndFocus;
-        };
-        ASSERT_TRUE(Eventually([&] { return edit() && edit() == focus(); })) << "no row is being edited";
+        ASSERT_TRUE(Eventually([&] { return edit() && edit() == ThreadOf(SheetWindow()).hwndFocus; }))
+            << "no row is being edited";
         TapKey(keys + " Return");
         ASSERT_TRUE(Eventually([&] { return !edit(); })) << "still editing";
         ASSERT_NE(SheetWindow(), nullptr) << "the key that ended the name closed the sheet";
@@ -39,8 +33,9 @@ TEST_F(PagesTest, ChoicesReachStoreProgramsAndTheNextSheet) {
     ASSERT_TRUE(hasExtension());
     OpenSheet(WindowsTab);
     ASSERT_TRUE(Becomes(IDC_WITH_CONTROL, false) && !CanApply());
-    for (const int box : {IDC_SYSTEM_MENU, IDC_WINDOW_MEMORY, IDC_AUTODOCK, IDC_MAXIMISE_ACROSS, IDC_WITH_CONTROL,
-                          IDC_DIALOGS_CENTRED, IDC_TRANSPARENCY})
+    constexpr int Boxes[] = {IDC_SYSTEM_MENU,  IDC_WINDOW_MEMORY,   IDC_AUTODOCK,    IDC_MAXIMISE_ACROSS,
+                             IDC_WITH_CONTROL, IDC_DIALOGS_CENTRED, IDC_TRANSPARENCY};
+    for (const int box : Boxes)
         ClickControl(box);
     ASSERT_TRUE(Becomes(IDC_DIALOGS_WHERE, true));
     Focus(IDC_DIALOGS_WHERE);
@@ -61,24 +56,17 @@ TEST_F(PagesTest, ChoicesReachStoreProgramsAndTheNextSheet) {
     for (const int box : {IDC_TASKBARS, IDC_ALL_TASKS, IDC_MIRROR})
         ClickControl(box);
     Press(IDOK);
-    const std::pair<const char*, DWORD> written[] = {{"ExtendSysMenu", 0},
-                                                     {"WindowMem", 1},
-                                                     {"Autodock", 1},
-                                                     {"CtrlMax", 1},
-                                                     {"DialogControl", 3},
-                                                     {"DialogMonitor", 2},
-                                                     {"DragTrans", 1},
-                                                     {"DragTransPerCent", 1},
-                                                     {"TaskbarsEnable", 1},
-                                                     {"TaskbarsShowAllTasks", 1},
-                                                     {"TaskswitchMirrorEnable", 1}};
-    for (const auto& [value, expected] : written)
-        EXPECT_EQ(stored(value), expected) << value;
+    // Each value that the sheet writes comes back under the name that others know.
+    std::string written;
+    for (const char* value :
+         {"ExtendSysMenu", "WindowMem", "Autodock", "CtrlMax", "DialogControl", "DialogMonitor", "DragTrans",
+          "DragTransPerCent", "TaskbarsEnable", "TaskbarsShowAllTasks", "TaskswitchMirrorEnable"})
+        written += std::to_string(stored(value));
+    EXPECT_EQ(written, "01113211111");
     QuitLoader();
     StartLoader();
     OpenSheet(WindowsTab);
-    for (const int box : {IDC_SYSTEM_MENU, IDC_WINDOW_MEMORY, IDC_AUTODOCK, IDC_MAXIMISE_ACROSS, IDC_WITH_CONTROL,
-                          IDC_DIALOGS_CENTRED, IDC_TRANSPARENCY})
+    for (const int box : Boxes)
         EXPECT_EQ(Ask(Control(box), BM_GETCHECK), box == IDC_SYSTEM_MENU ? BST_UNCHECKED : BST_CHECKED) << box;
     EXPECT_EQ(Ask(Control(IDC_DIALOGS_WHERE), CB_GETCURSEL), 4);
     EXPECT_EQ(Ask(Control(IDC_OPACITY), TBM_GETPOS), 1);
@@ -167,15 +155,18 @@ TEST_F(PagesTest, WhatWasNotLoadedIsNotSaved) {
     EXPECT_TRUE(Eventually([&] { return !SheetWindow(); })) << "keys go to a control that was turned grey";
 }
 
-// Settings of the whole machine, and a user who isn't its administrator.
+// Settings of the whole machine, and an administrator and a user who isn't one.
 TEST_F(PagesTest, WhoMayNotChangeAnythingSeesAndUsesIt) {
-    const DWORD on = 1;
     for (const char* value : {"Run", "RunWizard", "MultiDesk"})
-        SHSetValueA(HKEY_LOCAL_MACHINE, published::ProductKey, value, REG_DWORD, &on, sizeof(on));
-    SHSetValueA(HKEY_LOCAL_MACHINE, (DesktopKey(5)).c_str(), nullptr, REG_SZ, "Five", 5);
+        WriteNumber(published::ProductKey, value, 1, HKEY_LOCAL_MACHINE);
+    WriteText(DesktopKey(5), nullptr, "Five", HKEY_LOCAL_MACHINE);
     StoreBinding("1073741829", std::string("\0\1\1\0T", 5), HKEY_LOCAL_MACHINE);
-    loader = children.StartAsOrdinaryUser("\"" + folder + "tvlhload.exe\"");
-    ASSERT_TRUE(loader && Eventually([] { return FindWindowA(published::LoaderClass, nullptr) != nullptr; }));
+    StartLoader();
+    OpenSheet(DesktopsTab);
+    EXPECT_TRUE(Becomes(IDC_MULTI_DESK, true));
+    QuitLoader();
+    ASSERT_EQ(children.Run("\"" + folder + "ordinary_user.exe\" \"" + folder + "tvlhload.exe\"").status, 0u);
+    ASSERT_TRUE(Eventually([] { return FindWindowA(published::LoaderClass, nullptr) != nullptr; }));
     OpenSheet(HotkeysTab);
     EXPECT_TRUE(Becomes(IDC_HOTKEY_LIST, false));
     TapKey("ctrl+shift+t");
@@ -205,13 +196,10 @@ TEST_F(PagesTest, OneSheetWhereItIsAskedFor) {
     TapKey("Down Return");
     std::string help;
     EXPECT_TRUE(Eventually([&] {
-        for (HWND window : TopLevelWindows()) {
-            char text[500] = {};
-            if (!IsWindowVisible(window) || Describe(window).find("tooltips_class32") == std::string::npos) continue;
-            Ask(window, WM_GETTEXT, sizeof(text), reinterpret_cast<LPARAM>(text));
-            help = text;
-        }
-        return help.find("no taskbars") != std::string::npos;
+        for (HWND window : TopLevelWindows())
+            if (IsWindowVisible(window) && Describe(window).find("tooltips_class32") != help.npos)
+                help = TextOf(window);
+        return help.find("no taskbars") != help.npos;
     })) << help;
     TapKey("space");
     EXPECT_EQ(Loader("--quit").status, 0u);

@@ -1,35 +1,25 @@
 #include "config/sheet_fixture.h"
 
 #include <commctrl.h>
-#include <shlwapi.h>
 
 namespace halyard::test {
 
 namespace {
 
-struct ControlSearch {
-    int id;
-    HWND found;
-};
-
-BOOL CALLBACK MatchControl(HWND window, LPARAM lParam) {
-    auto& search = *reinterpret_cast<ControlSearch*>(lParam);
-    if (GetDlgCtrlID(window) == search.id && IsWindowVisible(window)) search.found = window;
-    return !search.found;
-}
-
-constexpr char BindingKey[] = "Software\\Tevral, Inc.\\Halyard\\HotKeys";
+const std::string BindingKey = std::string(published::ProductKey) + "\\HotKeys";
 
 }  // namespace
 
 HWND SheetTest::SheetWindow() {
-    return WindowOf(loader->Id(), "Tevral Ombrel Windows Manager");
+    return FindWindowA(nullptr, "Tevral Ombrel Windows Manager");
 }
 
 HWND SheetTest::Control(int id) {
-    ControlSearch search = {id, nullptr};
-    EnumChildWindows(SheetWindow(), MatchControl, reinterpret_cast<LPARAM>(&search));
-    return search.found;
+    // Of the pages, which are the sheet's dialogs, one shows.
+    const HWND sheet = SheetWindow();
+    for (HWND page = nullptr; sheet && (page = FindWindowExA(sheet, page, nullptr, nullptr)) != nullptr;)
+        if (IsWindowVisible(GetDlgItem(page, id))) return GetDlgItem(page, id);
+    return nullptr;
 }
 
 void SheetTest::OpenSheet(Page page) {
@@ -42,12 +32,7 @@ void SheetTest::OpenSheet(Page page) {
 void SheetTest::ClickControl(int id) {
     HWND control = Control(id);
     ASSERT_NE(control, nullptr) << "no control " << id;
-    const auto captured = [&] {
-        GUITHREADINFO info = {};
-        info.cbSize = sizeof(info);
-        GetGUIThreadInfo(GetWindowThreadProcessId(control, nullptr), &info);
-        return info.hwndCapture == control;
-    };
+    const auto captured = [&] { return ThreadOf(control).hwndCapture == control; };
     // Box, button and radio button all have their mark near the left edge. A click is over when the button has given
     // the mouse back; what comes before that could take it away.
     const RECT place = PlaceOf(control);
@@ -60,21 +45,13 @@ void SheetTest::ClickControl(int id) {
 }
 
 testing::AssertionResult SheetTest::Becomes(int id, bool enabled) {
-    if (Eventually([&] { return Control(id) && (IsWindowEnabled(Control(id)) != FALSE) == enabled; }))
-        return testing::AssertionSuccess();
-    return testing::AssertionFailure() << "control " << id << (enabled ? " is grey" : " isn't grey");
-}
-
-std::string SheetTest::TextOfControl(int id) {
-    char text[300] = {};
-    Ask(Control(id), WM_GETTEXT, sizeof(text), reinterpret_cast<LPARAM>(text));
-    return text;
+    return Comes([&] { return Control(id) && (IsWindowEnabled(Control(id)) != FALSE) == enabled; },
+                 [&] { return Format("control %d is%s grey", id, enabled ? "" : "n't"); });
 }
 
 testing::AssertionResult SheetTest::BecomesText(int id, const std::string& part) {
-    if (Eventually([&] { return TextOfControl(id).find(part) != std::string::npos; }))
-        return testing::AssertionSuccess();
-    return testing::AssertionFailure() << "\"" << TextOfControl(id) << "\" lacks \"" << part << "\"";
+    return Comes([&] { return TextOf(Control(id)).find(part) != part.npos; },
+                 [&] { return "\"" + TextOf(Control(id)) + "\" lacks \"" + part + "\""; });
 }
 
 void SheetTest::Focus(int id) {
@@ -98,25 +75,21 @@ void SheetTest::SelectRow(int list, int row) {
 }
 
 void SheetTest::Press(int button) {
-    const RECT place = PlaceOf(GetDlgItem(SheetWindow(), button));
-    Click({(place.left + place.right) / 2, (place.top + place.bottom) / 2});
+    Click(MiddleOf(GetDlgItem(SheetWindow(), button)));
     EXPECT_TRUE(Eventually([&] { return button == ApplyButton ? !CanApply() : !SheetWindow(); })) << button;
 }
 
 void SheetTest::StoreBinding(const std::string& action, const std::string& bytes, HKEY hive) {
-    SHSetValueA(hive, BindingKey, action.c_str(), REG_BINARY, (bytes + std::string(3, 0)).data(), 8);
+    Store(BindingKey, action.c_str(), REG_BINARY, bytes + std::string(3, 0), hive);
 }
 
 std::string SheetTest::StoredBinding(const std::string& action) {
-    char bytes[8] = {};
-    DWORD size = sizeof(bytes);
-    if (SHGetValueA(HKEY_CURRENT_USER, BindingKey, action.c_str(), nullptr, bytes, &size)) return "missing";
-    return std::string(bytes, 5);
+    return BytesOf(BindingKey, action.c_str()).substr(0, 5);
 }
 
 testing::AssertionResult SheetTest::DesktopBecomes(int id) {
-    if (Eventually([&] { return Status("current desktop") == std::to_string(id); })) return testing::AssertionSuccess();
-    return testing::AssertionFailure() << "the current desktop is " << Status("current desktop") << ", not " << id;
+    return Comes([&] { return Status("current desktop") == std::to_string(id); },
+                 [&] { return "the current desktop is " + Status("current desktop"); });
 }
 
 }  // namespace halyard::test

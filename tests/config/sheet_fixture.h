@@ -20,7 +20,6 @@ protected:
     void ClickControl(int id);
     // Waits until the control is, or isn't, enabled.
     testing::AssertionResult Becomes(int id, bool enabled);
-    std::string TextOfControl(int id);
     testing::AssertionResult BecomesText(int id, const std::string& part);
     void Focus(int id);
     // Chooses the row of a list view by keys, counted from 0.

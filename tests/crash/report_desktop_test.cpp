@@ -17,20 +17,8 @@ constexpr DWORD ReportLimit = 40000;  // ms: a report reads the debug informatio
 constexpr bool ReportsOverflow = sizeof(void*) == 4;
 constexpr int LinkId = 1036, TextId = 1023, BoxId = 1034, CloseId = 1;
 
-template <typename... Arguments>
-std::string Format(const char* format, Arguments... arguments) {
-    char text[1024];
-    std::snprintf(text, sizeof(text), format, arguments...);
-    return text;
-}
-
 std::string Address(ULONG_PTR value) {
     return Format("%0*llX", static_cast<int>(sizeof(void*) * 2), static_cast<unsigned long long>(value));
-}
-
-POINT MiddleOf(HWND window) {
-    const RECT place = PlaceOf(window);
-    return {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
 }
 
 class CrashTest : public DesktopTest {
@@ -78,12 +66,7 @@ protected:
 
     HWND Item(int id) const { return GetDlgItem(dialog, id); }
 
-    std::string ReportText() const {
-        std::string text(static_cast<std::size_t>(Ask(Item(TextId), WM_GETTEXTLENGTH)) + 1, 0);
-        Ask(Item(TextId), WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
-        text.pop_back();
-        return text;
-    }
+    std::string ReportText() const { return TextOf(Item(TextId)); }
 
     testing::AssertionResult Ends(DWORD status, DWORD limit = WaitLimit) const {
         if (!sample.program->Ends(limit)) return testing::AssertionFailure() << "the program goes on";

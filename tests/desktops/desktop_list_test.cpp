@@ -20,8 +20,10 @@ std::string Ids(DesktopList& list) {
     return ids;
 }
 
+const std::string AllStored = std::string(published::ProductKey) + "\\Desktops";
+
 std::string Stored(const std::string& id) {
-    return ProductPath("Desktops\\") + id;
+    return AllStored + "\\" + id;
 }
 
 class DesktopListTest : public StoreTest {
@@ -64,12 +66,11 @@ TEST_F(DesktopListTest, ComesBackAsItWasSavedInEitherHive) {
         mail.wallpaperStyle = 2;
         mail.colour = 0x123456;
         // What has gone from the list, and what never belonged there.
-        MakeKey(hive, Stored("5"));
-        MakeKey(hive, Stored("stray"));
-        StoreDword(hive, ProductPath("Desktops"), "value", 1);
+        MakeKey(Stored("5"), hive);
+        MakeKey(Stored("stray"), hive);
+        WriteNumber(AllStored, "value", 1, hive);
         list.Save();
-        EXPECT_EQ((Names{"1", "10"}), Subkeys(hive, ProductPath("Desktops")));
-        EXPECT_EQ(Names{}, ValueNames(hive, ProductPath("Desktops")));
+        EXPECT_EQ((Names{"10\\", "1\\"}), NamesIn(AllStored, hive));
         for (const DesktopId id : {1u, 10u})
             EXPECT_EQ(Line(*list.Find(id)), LineAfterLoad(id));
         list.Add("unsaved", 3);
@@ -81,14 +82,14 @@ TEST_F(DesktopListTest, ComesBackAsItWasSavedInEitherHive) {
 
 TEST_F(DesktopListTest, MakesDoWithKeysThatCannotBeWritten) {
     for (const char* id : {"1\\below", "2"})
-        MakeKey(HKEY_CURRENT_USER, Stored(id));
-    Restrict(HKEY_CURRENT_USER, Stored("2"));
+        MakeKey(Stored(id));
+    Restrict(Stored("2"));
     list.Load();
     EXPECT_EQ("0 1 2", Ids(list)) << "reading is enough";
     list.Remove(1);
     list.Add("three", 3);
     list.Save();
-    EXPECT_TRUE(KeyExists(HKEY_CURRENT_USER, Stored("3"))) << "though old keys stay";
+    EXPECT_EQ("three", TextOf(Stored("3"), nullptr)) << "though old keys stay";
 }
 
 TEST_F(DesktopListTest, TakesDefaultsForDamagedValues) {
@@ -97,25 +98,25 @@ TEST_F(DesktopListTest, TakesDefaultsForDamagedValues) {
     struct Case {
         const char* value;
         DWORD type;
-        Bytes bytes;
+        std::string bytes;
         std::string expected;
     };
     const Case cases[] = {
-        {"WallpaperStyle", REG_SZ, Bytes("2", 2), "2 name|w.bmp 0 7"},
-        {"Colour", REG_BINARY, Bytes("\7\0\0\0", 4), "2 name|w.bmp 2 " + plain},
-        {"", REG_EXPAND_SZ, Bytes("%name%", 7), "2 %name%|w.bmp 2 7"},
+        {"WallpaperStyle", REG_SZ, std::string("2", 2), "2 name|w.bmp 0 7"},
+        {"Colour", REG_BINARY, std::string("\7\0\0\0", 4), "2 name|w.bmp 2 " + plain},
+        {"", REG_EXPAND_SZ, std::string("%name%", 7), "2 %name%|w.bmp 2 7"},
         {"", REG_SZ, "unclosed", "2 unclosed|w.bmp 2 7"},
-        {"", REG_SZ, Bytes("name\0more", 10), "2 name|w.bmp 2 7"},
-        {"Wallpaper", REG_SZ, Bytes(260, 'n'), "2 name|" + std::string(260, 'n') + " 2 7"},
-        {"Wallpaper", REG_SZ, Bytes(260, 'n') + '\0', "2 name| 2 7"},
-        {"Wallpaper", REG_DWORD, Bytes("abc", 4), "2 name| 2 7"},
+        {"", REG_SZ, std::string("name\0more", 10), "2 name|w.bmp 2 7"},
+        {"Wallpaper", REG_SZ, std::string(260, 'n'), "2 name|" + std::string(260, 'n') + " 2 7"},
+        {"Wallpaper", REG_SZ, std::string(260, 'n') + '\0', "2 name| 2 7"},
+        {"Wallpaper", REG_DWORD, std::string("abc", 4), "2 name| 2 7"},
     };
     for (const Case& test : cases) {
-        Store(HKEY_CURRENT_USER, path, "", REG_SZ, Bytes("name", 5));
-        Store(HKEY_CURRENT_USER, path, "Wallpaper", REG_SZ, Bytes("w.bmp", 6));
-        StoreDword(HKEY_CURRENT_USER, path, "WallpaperStyle", 2);
-        StoreDword(HKEY_CURRENT_USER, path, "Colour", 7);
-        Store(HKEY_CURRENT_USER, path, test.value, test.type, test.bytes);
+        Store(path, "", REG_SZ, std::string("name", 5));
+        Store(path, "Wallpaper", REG_SZ, std::string("w.bmp", 6));
+        WriteNumber(path, "WallpaperStyle", 2);
+        WriteNumber(path, "Colour", 7);
+        Store(path, test.value, test.type, test.bytes);
         EXPECT_EQ(test.expected, LineAfterLoad(2)) << test.value << " " << test.bytes;
     }
 }
@@ -123,12 +124,12 @@ TEST_F(DesktopListTest, TakesDefaultsForDamagedValues) {
 TEST_F(DesktopListTest, LeavesOutWhatIsNoDesktop) {
     for (const std::string& name : {std::string("x"), std::string("0"), std::string("007"), std::string("1x"),
                                     std::string("4294967295"), std::string("1073741824"), std::string(200, '9')})
-        MakeKey(HKEY_CURRENT_USER, Stored(name));
-    MakeKey(HKEY_CURRENT_USER, Stored("1073741823"));
+        MakeKey(Stored(name));
+    MakeKey(Stored("1073741823"));
     list.Load();
     EXPECT_EQ("0 1073741823", Ids(list));
     for (unsigned id = 1; id <= MaxDesktops; ++id)
-        MakeKey(HKEY_CURRENT_USER, Stored(std::to_string(id)));
+        MakeKey(Stored(std::to_string(id)));
     list.Load();
     EXPECT_EQ(MaxDesktops, list.Count()) << "a list that nobody made by hand";
 }

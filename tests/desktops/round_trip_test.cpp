@@ -134,14 +134,14 @@ TEST_F(RoundTripTest, ComesBackInItsOrderWithItsFrontByHotkey) {
         HWND front = GetForegroundWindow();
         ASSERT_TRUE(BringToFront(front));
         const std::string before = State();
-        const std::vector<unsigned char> picture = ScreenPixels();
+        const auto picture = PixelsOf(WholeDesktop());
         TapKey("ctrl+alt+n");
         for (HWND window : windows)
             ASSERT_TRUE(BecomesHidden(window));
         TapKey("ctrl+alt+p");
         EXPECT_TRUE(IsSettled());
         EXPECT_EQ(State(), before);
-        EXPECT_TRUE(Eventually([&] { return ScreenPixels() == picture; }, 1000)) << "another picture";
+        EXPECT_TRUE(Eventually([&] { return PixelsOf(WholeDesktop()) == picture; }, 1000)) << "another picture";
         EXPECT_EQ(KeyReaches(), ProgramOf(front)) << Describe(front);
     }
 }

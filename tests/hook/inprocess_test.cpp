@@ -4,7 +4,7 @@
 #include "hook/hook_procs.h"
 #include "hook/reload.h"
 #include "hook/thread_table.h"
-#include "support/kept_state.h"
+#include "support/store_fixture.h"
 #include "support/test_windows.h"
 
 #include <gtest/gtest.h>

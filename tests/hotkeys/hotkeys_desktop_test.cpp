@@ -29,8 +29,8 @@ protected:
         ASSERT_TRUE(Becomes(IDC_HOTKEY_BOX, true));
         if (!inList) Focus(IDC_HOTKEY_BOX);
         TapKey(keys);
-        EXPECT_TRUE(Eventually([&] { return TextOfControl(IDC_HOTKEY_BOX) == shown; }))
-            << TextOfControl(IDC_HOTKEY_BOX);
+        EXPECT_TRUE(Eventually([&] { return TextOf(Control(IDC_HOTKEY_BOX)) == shown; }))
+            << TextOf(Control(IDC_HOTKEY_BOX));
         ASSERT_TRUE(Becomes(IDC_SET_HOTKEY, !*reason));
         EXPECT_TRUE(BecomesText(IDC_HOTKEY_HINT, reason));
         EXPECT_EQ(Ask(Control(IDC_HOTKEY_LIST), LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED), row);
@@ -73,7 +73,7 @@ TEST_F(HotkeysTest, AreSetShownStoredAndClear) {
     EXPECT_EQ(StoredBinding("1073741825")[4], 0);
     OpenSheet(HotkeysTab);
     SelectRow(IDC_HOTKEY_LIST, DesktopOneRow);
-    EXPECT_EQ(TextOfControl(IDC_HOTKEY_BOX), "");
+    EXPECT_EQ(TextOf(Control(IDC_HOTKEY_BOX)), "");
 }
 
 TEST_F(HotkeysTest, RestWhileTheirPageShowsAndWorkAfterIt) {

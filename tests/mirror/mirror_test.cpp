@@ -1,4 +1,5 @@
 // The task-switch window on all displays.
+#include "support/picture.h"
 #include "taskbars/taskbar_fixture.h"
 
 namespace halyard::test {
@@ -24,28 +25,6 @@ protected:
     static bool MirrorsBecome(std::size_t count) {
         return Eventually([&] { return Mirrors().size() == count; });
     }
-    // The pixels of the screen where the window stands.
-    static std::vector<DWORD> PixelsOf(HWND window) {
-        const RECT place = PlaceOf(window);
-        const int width = place.right - place.left, height = place.bottom - place.top;
-        BITMAPINFO info = {};
-        info.bmiHeader = {sizeof(info.bmiHeader), width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-        void* bits = nullptr;
-        HDC screen = GetDC(nullptr);
-        HDC memory = CreateCompatibleDC(screen);
-        HBITMAP bitmap = CreateDIBSection(screen, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-        HGDIOBJ old = SelectObject(memory, bitmap);
-        BitBlt(memory, 0, 0, width, height, screen, place.left, place.top, SRCCOPY);
-        GdiFlush();
-        std::vector<DWORD> pixels(static_cast<DWORD*>(bits), static_cast<DWORD*>(bits) + width * height);
-        for (DWORD& pixel : pixels)
-            pixel &= 0xFFFFFF;
-        SelectObject(memory, old);
-        DeleteObject(bitmap);
-        DeleteDC(memory);
-        ReleaseDC(nullptr, screen);
-        return pixels;
-    }
     // Each mirror has the size of the original, stands in the middle of its display, and shows the same.
     static void ExpectMirrored() {
         HWND original = SwitchWindow();
@@ -60,7 +39,7 @@ protected:
             GetMonitorInfoA(MonitorFromWindow(mirror, MONITOR_DEFAULTTONEAREST), &info);
             EXPECT_NEAR((own.left + own.right) / 2, (info.rcMonitor.left + info.rcMonitor.right) / 2, 1);
             EXPECT_NEAR((own.top + own.bottom) / 2, (info.rcMonitor.top + info.rcMonitor.bottom) / 2, 1);
-            EXPECT_TRUE(Eventually([&] { return PixelsOf(mirror) == PixelsOf(original); }));
+            EXPECT_TRUE(Eventually([&] { return PixelsOf(PlaceOf(mirror)) == PixelsOf(PlaceOf(original)); }));
         }
     }
 };
@@ -103,14 +82,14 @@ TEST_F(MirrorTest, FollowsEachStepForwardAndBack) {
         TapKey("Tab");
         ASSERT_TRUE(MirrorsBecome(1));
         ExpectMirrored();
-        const std::vector<DWORD> first = PixelsOf(SwitchWindow());
+        const std::vector<DWORD> first = PixelsOf(PlaceOf(SwitchWindow()));
         TapKey("Tab");
-        EXPECT_TRUE(Eventually([&] { return PixelsOf(SwitchWindow()) != first; }));
+        EXPECT_TRUE(Eventually([&] { return PixelsOf(PlaceOf(SwitchWindow())) != first; }));
         ExpectMirrored();
         {
             const HeldKey shift("shift");
             TapKey("Tab");
-            EXPECT_TRUE(Eventually([&] { return PixelsOf(SwitchWindow()) == first; }));
+            EXPECT_TRUE(Eventually([&] { return PixelsOf(PlaceOf(SwitchWindow())) == first; }));
             ExpectMirrored();
         }
         // Whoever else closes the original leaves the mirrors until Alt goes up, with nothing to paint.

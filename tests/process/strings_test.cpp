@@ -32,9 +32,9 @@ TEST_F(SystemVersion, Windows_winxp) {
 
 TEST_F(SystemVersion, Windows_win98) {
     Expect(false, false);
-    MakeKey(HKEY_LOCAL_MACHINE, ProductPath());
-    StoreDword(HKEY_CURRENT_USER, ProductPath(), "DragTrans", 1);
-    StoreDword(HKEY_CURRENT_USER, ProductPath(), "CtrlMax", 2);
+    MakeKey(published::ProductKey, HKEY_LOCAL_MACHINE);
+    WriteNumber(published::ProductKey, "DragTrans", 1);
+    WriteNumber(published::ProductKey, "CtrlMax", 2);
     settings.Load();
     EXPECT_EQ(HKEY_CURRENT_USER, ChosenHive());
     EXPECT_EQ(2u, settings.CtrlMax());

@@ -1,42 +1,29 @@
 // Programs that don't answer hold nothing up.
+#include "common/handles.h"
 #include "support/desktop_fixture.h"
-
-#include <vector>
 
 namespace halyard::test {
 
 namespace {
 
-class HungTest : public DesktopTest {
-protected:
-    void SetUp() override {
-        DesktopTest::SetUp();
-        wake = CreateEventA(nullptr, TRUE, FALSE, sample::WakeEvent);
-    }
-    void TearDown() override {
-        SetEvent(wake);
-        DesktopTest::TearDown();
-        CloseHandle(wake);
-    }
-    HANDLE wake = nullptr;
-};
+using HungTest = DesktopTest;
 
 TEST_F(HungTest, ProgramsDontHoldASwitchUp) {
     constexpr int Count = 5;
+    const KernelHandle wake(CreateEventA(nullptr, TRUE, FALSE, sample::WakeEvent));
     WriteNumber(DesktopKey(1), "Colour", RGB(0x10, 0x50, 0x10));
     StartLoader();
     const Sample alive = OpenSample("Alive");
-    const Sample hung = OpenSample("Hung", "--threads --count " + std::to_string(Count));
+    const Sample hung = OpenSample("Hung", Format("--threads --count %d", Count));
     ASSERT_TRUE(WindowsBecome(0, 1 + Count));
     std::vector<HWND> stuck;
     for (int number = 1; number <= Count; ++number) {
-        const std::string title = number == 1 ? "Hung" : "Hung " + std::to_string(number);
+        const std::string title = number == 1 ? "Hung" : Format("Hung %d", number);
         const Sample one = {hung.program, WindowOf(hung.program->Id(), title)};
-        ASSERT_TRUE(BecomesVisible(one.window)) << title;
-        const HWND popup = OpenPopup(one, true);
-        ASSERT_TRUE(BecomesVisible(popup));
-        stuck.push_back(one.window);
-        stuck.push_back(popup);
+        for (const HWND window : {one.window, OpenPopup(one, true)}) {
+            ASSERT_TRUE(BecomesVisible(window)) << title;
+            stuck.push_back(window);
+        }
         PostMessageA(one.window, sample::Hang, 60000, 0);
     }
     ASSERT_TRUE(Eventually([&] { return Ask(stuck.front(), WM_NULL, 0, 0, 50) == -1; })) << "the sample should hang";
@@ -50,11 +37,11 @@ TEST_F(HungTest, ProgramsDontHoldASwitchUp) {
     for (HWND window : stuck)
         EXPECT_TRUE(IsWindowVisible(window)) << "doesn't hang: " << Describe(window);
 
-    SetEvent(wake);
+    SetEvent(wake.get());
     for (HWND window : stuck)
         EXPECT_TRUE(BecomesHidden(window));
     Switch(0);
-    EXPECT_TRUE(BecomesVisible(alive.window));
+    stuck.push_back(alive.window);
     for (HWND window : stuck)
         EXPECT_TRUE(BecomesVisible(window));
 }

@@ -13,39 +13,39 @@ TEST_F(FirstRunTest, StartsTheWizardOnce) {
     folder = ScratchFolder();
     CopyTo(folder, "tvlhload.exe", "tvlhload.exe");
     CopyTo(folder, "tvlHalyd.dll", "tvlHalyd.dll");
+    const auto due = [] { return NumberOr(published::ProductKey, "RunWizard", 99) == 0; };
+    const auto runs = [] { return standin::ReadNumber(standin::WizardRunsValue); };
     WriteNumber(published::ProductKey, "RunWizard", 0);
 
     StartLoader();
-    EXPECT_EQ(NumberOr(published::ProductKey, "RunWizard", 99), 0u) << "without a wizard it is still due";
+    EXPECT_TRUE(due()) << "without a wizard";
     EXPECT_EQ(Status("hooks"), "in");
     QuitLoader();
 
     CopyTo(folder, "sample_wizard.exe", "tvlhlwiz.exe");
     StartLoader();
-    ASSERT_TRUE(Eventually([] { return standin::ReadNumber(standin::WizardRunsValue) == 1; }));
+    ASSERT_TRUE(Eventually([&] { return runs() == 1; }));
     EXPECT_EQ(standin::ReadText(standin::WizardCommandLineValue), folder + "tvlhlwiz.exe /halyard");
-    EXPECT_EQ(NumberOr(published::ProductKey, "RunWizard", 99), 1u);
+    EXPECT_FALSE(due());
     QuitLoader();
 
     StartLoader();
     QuitLoader();
     ASSERT_TRUE(Eventually([&] { return children.CountRunning() == 0; }));
-    EXPECT_EQ(standin::ReadNumber(standin::WizardRunsValue), 1u);
+    EXPECT_EQ(runs(), 1u);
 }
 
 TEST_F(LoaderTest, RefusesWhatItCantDo) {
-    for (const char* switches : {"--status", "--quit"}) {
+    const auto expect = [&](const char* switches, DWORD status, const char* out, const char* error) {
         const Output output = Loader(switches);
-        EXPECT_EQ(output.status, 1u) << switches;
-        EXPECT_EQ(output.out, "Halyard isn't running\n") << switches;
-    }
+        EXPECT_TRUE(output.status == status && output.out == out && output.error.rfind(error, 0) == 0)
+            << switches << " ended with " << output.status << " and wrote: " << output.out << output.error;
+    };
+    for (const char* switches : {"--status", "--quit"})
+        expect(switches, 1, "Halyard isn't running\n", "");
     StartLoader();
-    for (const char* switches : {"--frobnicate", "--switch", "--switch one", "--status --quit --wrong"}) {
-        const Output output = Loader(switches);
-        EXPECT_EQ(output.status, 2u) << switches;
-        EXPECT_EQ(output.error.rfind("usage: tvlhload", 0), 0u) << switches << " printed: " << output.error;
-        EXPECT_EQ(output.out, "") << switches;
-    }
+    for (const char* switches : {"--frobnicate", "--switch", "--switch one", "--status --quit --wrong"})
+        expect(switches, 2, "", "usage: tvlhload");
     EXPECT_FALSE(loader->Ends(0)) << "none of a wrong line's switches is carried out";
 }
 

@@ -1,4 +1,6 @@
 // What other programs see and ask of the system: the shared block, the exports, the restart.
+#include "common/entry.h"
+#include "common/handles.h"
 #include "support/desktop_fixture.h"
 
 #include <atomic>
@@ -14,19 +16,17 @@ namespace {
 using ProtocolTest = DesktopTest;
 
 TEST_F(ProtocolTest, RestartReadsTheRegistryAgain) {
-    struct Case {
+    constexpr struct {
         DWORD run;  // in the registry ahead of the restart
         WPARAM enable;
         const char* enabled;
         const char* hooks;
         DWORD runAfter;
-    };
-    constexpr Case Cases[] = {
-        {0, 0, "no", "out", 0}, {1, 0, "yes", "out", 1}, {0, 1, "yes", "in", 1}, {1, 7, "yes", "in", 1}};
+    } Cases[] = {{0, 0, "no", "out", 0}, {1, 0, "yes", "out", 1}, {0, 1, "yes", "in", 1}, {1, 7, "yes", "in", 1}};
     StartLoader();
     const Sample sample = OpenSample("Restarted");
     ASSERT_TRUE(WindowsBecome(0, 1));
-    for (const Case& test : Cases) {
+    for (const auto& test : Cases) {
         SCOPED_TRACE(testing::Message() << "Run " << test.run << ", wParam " << test.enable);
         AskServer(published::Restart, 1);
         ASSERT_TRUE(WindowsBecome(0, 1));
@@ -52,8 +52,7 @@ TEST_F(ProtocolTest, ValuesChangedByHandReachRunningPrograms) {
     const auto maximisesTo = [&](LONG width) {
         for (const WPARAM command : {SC_RESTORE, SC_MAXIMIZE})
             PostMessageA(sample.window, WM_SYSCOMMAND, command, 0);
-        RECT place = {};
-        return Eventually([&] { return GetWindowRect(sample.window, &place) && place.right - place.left == width; });
+        return Eventually([&] { return PlaceOf(sample.window).right - PlaceOf(sample.window).left == width; });
     };
     const std::pair<const char*, std::function<void()>> roads[] = {
         {"restart", [] { AskServer(published::Restart, 1); }},
@@ -79,9 +78,7 @@ TEST_F(ServerTest, IsNotForClosing) {
 
 TEST_F(ServerTest, StartsWhollyAfterOneThatLeftByExit) {
     StartLoader();
-    const HMODULE kernel = GetModuleHandleA("kernel32.dll");
-    const auto exit =
-        reinterpret_cast<LPTHREAD_START_ROUTINE>(reinterpret_cast<void*>(GetProcAddress(kernel, "ExitProcess")));
+    const auto exit = EntryOf<LPTHREAD_START_ROUTINE>(GetModuleHandleA("kernel32.dll"), "ExitProcess");
     CloseHandle(CreateRemoteThread(loader->Handle(), nullptr, 0, exit, nullptr, 0, nullptr));
     ASSERT_TRUE(loader->Ends(WaitLimit));
     StartLoader();
@@ -91,84 +88,51 @@ TEST_F(ServerTest, StartsWhollyAfterOneThatLeftByExit) {
 
 constexpr char LibraryFile[] = "tvlHalyd.dll";
 
-// The library mapped into the test itself, as any program may map it.
-class MappedLibrary {
-public:
-    MappedLibrary() : module(LoadLibraryA((BinFolder() + LibraryFile).c_str())) {
-        const auto* base = reinterpret_cast<const char*>(module);
-        if (!base) return;
-        const auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
-        const auto* headers = reinterpret_cast<const IMAGE_NT_HEADERS*>(base + dos->e_lfanew);
-        const IMAGE_SECTION_HEADER* section = IMAGE_FIRST_SECTION(headers);
-        for (int index = 0; index < headers->FileHeader.NumberOfSections; ++index, ++section)
-            if (std::memcmp(section->Name, ".SHARDAT", IMAGE_SIZEOF_SHORT_NAME) == 0)
-                block = reinterpret_cast<const published::SharedBlock*>(base + section->VirtualAddress);
-    }
-    MappedLibrary(const MappedLibrary&) = delete;
-    MappedLibrary& operator=(const MappedLibrary&) = delete;
-    ~MappedLibrary() { FreeLibrary(module); }
-    explicit operator bool() const { return block != nullptr; }
+// The shared block as any process sees it that has the library.
+const published::SharedBlock* BlockOf(HMODULE library) {
+    const auto* base = reinterpret_cast<const char*>(library);
+    const auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
+    const auto* headers = reinterpret_cast<const IMAGE_NT_HEADERS*>(base + dos->e_lfanew);
+    const IMAGE_SECTION_HEADER* section = IMAGE_FIRST_SECTION(headers);
+    while (std::memcmp(section->Name, ".SHARDAT", sizeof(section->Name)) != 0)
+        ++section;
+    return reinterpret_cast<const published::SharedBlock*>(base + section->VirtualAddress);
+}
 
-    // The shared block as this process, or another one that has the library, sees it.
-    published::SharedBlock Block() const {
-        // Another process writes it.
-        std::atomic_signal_fence(std::memory_order_seq_cst);
-        return *block;
-    }
-
-private:
-    HMODULE module;
-    const published::SharedBlock* block = nullptr;
-};
-
-// What another process sees of the start or of the end: a digit for each state of the block, of the server's window
-// (1), the mark of the installed hooks (2) and the two hooks (4, 8).
-class BlockWatch {
-public:
-    // Has seen the block once when it returns.
-    explicit BlockWatch(const MappedLibrary& library) : watched(library) {
-        Look();
-        watcher = std::thread([this] {
-            while (!stopped)
-                Look();
-        });
-    }
-    std::string Stop() {
-        stopped = true;
-        watcher.join();
-        Look();
-        return seen;
-    }
-
-private:
-    void Look() {
+// What another process sees of the block while something is done: a digit for each state, of the server's window (1),
+// the mark of the installed hooks (2) and the two hooks (4, 8).
+std::string StatesDuring(const std::function<void()>& action) {
+    const Library library(LoadLibraryA((BinFolder() + LibraryFile).c_str()));
+    const published::SharedBlock* shared = BlockOf(library.get());
+    std::string seen;
+    const auto look = [&] {
         // Read twice alike, it did not change between one field and the next.
-        const published::SharedBlock block = watched.Block();
-        const published::SharedBlock again = watched.Block();
-        if (std::memcmp(&block, &again, sizeof(block)) != 0) return;
+        const published::SharedBlock block = *shared;
+        std::atomic_signal_fence(std::memory_order_seq_cst);
+        if (std::memcmp(&block, shared, sizeof(block)) != 0) return;
         const int state = (block.serverWindow ? 1 : 0) + (block.hooksInstalled ? 2 : 0) +
                           (block.callWndProcRetHook ? 4 : 0) + (block.getMessageHook ? 8 : 0);
         const char digit = "0123456789ABCDEF"[state];
         if (seen.empty() || seen.back() != digit) seen += digit;
-    }
+    };
+    look();
+    std::atomic<bool> over = false;
+    std::thread watcher([&] {
+        while (!over)
+            look();
+    });
+    action();
+    over = true;
+    watcher.join();
+    look();
+    return seen;
+}
 
-    const MappedLibrary& watched;
-    std::atomic<bool> stopped = false;
-    std::string seen;
-    std::thread watcher;
-};
-
+// Either may miss states, but has no other ones and none out of order.
 TEST_F(ProtocolTest, TheServerWindowStandsBeforeTheHooksAndAfterThem) {
-    const MappedLibrary library;
-    ASSERT_TRUE(library);
-    BlockWatch start(library);
-    StartLoader();
-    // Either may miss states, but has no other ones and none out of order.
-    const std::string atStart = start.Stop();
+    const std::string atStart = StatesDuring([&] { StartLoader(); });
     EXPECT_TRUE(std::regex_match(atStart, std::regex("01?5?D?F"))) << atStart;
-    BlockWatch end(library);
-    QuitLoader();
-    const std::string atEnd = end.Stop();
+    const std::string atEnd = StatesDuring([&] { QuitLoader(); });
     EXPECT_TRUE(std::regex_match(atEnd, std::regex("FD?9?1?0"))) << atEnd;
 }
 
@@ -182,10 +146,9 @@ TEST_F(ServerTest, IsOneInASession) {
     const HWND server = Server();
     const std::string copy = CopyTo(ScratchFolder(), LibraryFile, LibraryFile);
     for (const std::string& path : {BinFolder() + LibraryFile, copy}) {
-        const HMODULE module = LoadLibraryA(path.c_str());
+        const Library library(LoadLibraryA(path.c_str()));
         for (const char* name : {"ServerInit", "Enable", "Disable", "ServerUninit"})
-            reinterpret_cast<void (*)()>(reinterpret_cast<void*>(GetProcAddress(module, name)))();
-        FreeLibrary(module);
+            EntryOf<void (*)()>(library.get(), name)();
         EXPECT_EQ(Server(), server);
         EXPECT_EQ(Status("hooks"), "in");
         EXPECT_TRUE(StaysHidden(sample.window));

@@ -1,157 +1,119 @@
 // The settings and where they lie, whatever stands there.
-#include "common/administrator.h"
-#include "settings/registry_key.h"
 #include "settings/settings.h"
-#include "support/damaged_values.h"
+
 #include "support/store_fixture.h"
 
-#include <algorithm>
+#include <functional>
 
 namespace halyard::test {
 namespace {
 
-using S = Settings;
+const std::string Product = published::ProductKey;
 
-struct Field {
-    const char* name;
-    bool isSwitch;  // anything but 0 reads as 1
-    DWORD built;    // before the first read
-    DWORD missing;  // the key opens, the value isn't there
-    DWORD (*get)();
-    void (*set)(DWORD);  // null for those that are stored at once
-
-    DWORD AsRead(DWORD stored) const { return isSwitch && stored ? 1 : stored; }
-};
-
-template <auto Getter>
-DWORD Get() {
-    return static_cast<DWORD>((settings.*Getter)());
+std::string Own() {
+    return Product + "\\AppMem\\" + AppKeyName();
 }
-template <auto Setter>
-void Set(DWORD value) {
-    (settings.*Setter)(value);
-}
-template <auto Setter>
-void Turn(DWORD value) {
-    (settings.*Setter)(value != 0);
-}
-
-const Field Fields[] = {
-    {"Autodock", true, 1, 0, Get<&S::Autodock>, Turn<&S::SetAutodock>},
-    {"Run", true, 0, 0, Get<&S::Run>, nullptr},
-    {"CtrlMax", false, 0, 0, Get<&S::CtrlMax>, Set<&S::SetCtrlMax>},
-    {"DialogControl", false, 0, 0, Get<&S::DialogControl>,
-     [](DWORD mode) { settings.SetDialogControl(mode, settings.DialogMonitor()); }},
-    {"DialogMonitor", false, 1, 0, Get<&S::DialogMonitor>,
-     [](DWORD display) { settings.SetDialogControl(settings.DialogControl(), display); }},
-    {"MultiDesk", true, 0, 0, Get<&S::MultiDesk>, Turn<&S::StoreMultiDesk>},
-    {"ExtendSysMenu", true, 1, 1, Get<&S::ExtendSysMenu>, Turn<&S::SetExtendSysMenu>},
-    {"RunWizard", true, 0, 0, Get<&S::RunWizard>, nullptr},
-    {"WindowMem", true, 0, 0, Get<&S::WindowMem>, Turn<&S::SetWindowMem>},
-    {"DragTrans", true, 0, 0, Get<&S::DragTrans>, Turn<&S::SetDragTrans>},
-    {"DragTransPerCent", false, 0, 75, Get<&S::DragTransPerCent>, Set<&S::SetDragTransPerCent>},
-    {"TaskbarsEnable", true, 0, 0, Get<&S::TaskbarsEnable>, Turn<&S::SetTaskbarsEnable>},
-    {"TaskbarsShowAllTasks", true, 0, 0, Get<&S::TaskbarsShowAllTasks>, Turn<&S::SetTaskbarsShowAllTasks>},
-    {"TaskswitchMirrorEnable", true, 0, 0, Get<&S::TaskswitchMirrorEnable>, Turn<&S::SetTaskswitchMirrorEnable>},
-};
 
 void ReadAnew() {
     settings = Settings();
     settings.Load();
 }
 
-struct HiveCase {
-    const char* what;
-    bool ntFamily;
-    bool machineKey;
-    std::optional<DWORD> admin;
-    HKEY before;
-    HKEY expected;
-};
+// All that `Save` writes, as one text.
+std::string Saved() {
+    const Settings& s = settings;
+    std::string text;
+    for (const DWORD value :
+         {s.CtrlMax(), s.DialogControl(), s.DialogMonitor(), s.DragTransPerCent(), DWORD{s.Autodock()},
+          DWORD{s.MultiDesk()}, DWORD{s.ExtendSysMenu()}, DWORD{s.WindowMem()}, DWORD{s.DragTrans()},
+          DWORD{s.TaskbarsEnable()}, DWORD{s.TaskbarsShowAllTasks()}, DWORD{s.TaskswitchMirrorEnable()}})
+        text += std::to_string(value) + " ";
+    return text;
+}
 
-const HiveCase HiveCases[] = {
-    {"no machine key", true, false, {}, HKEY_CURRENT_USER, HKEY_CURRENT_USER},
-    {"machine key alone", true, true, {}, HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE},
-    {"machine key says 2", true, true, 2, HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE},
-    {"machine key says no", true, true, 0, HKEY_CURRENT_USER, HKEY_CURRENT_USER},
-    {"machine key says no later", true, true, 0, HKEY_LOCAL_MACHINE, HKEY_CURRENT_USER},
-    {"machine key gone later", true, false, {}, HKEY_LOCAL_MACHINE, HKEY_LOCAL_MACHINE},
-    {"off the NT family later", false, true, 1, HKEY_LOCAL_MACHINE, HKEY_CURRENT_USER},
-};
-
-class SettingsTest : public StoreTest {};
+using SettingsTest = StoreTest;
 
 TEST_F(SettingsTest, FallToTheirDefaultsAloneWhereTheyAreDamaged) {
-    for (const Field& field : Fields)
-        StoreDword(HKEY_CURRENT_USER, ProductPath(), field.name, 7);
-    for (const Field& damaged : Fields) {
-        WithEachDamage(ProductPath(), damaged.name, 7, [&] {
+    MakeKey(Product);
+    ReadAnew();
+    EXPECT_EQ(Saved(), "0 0 0 75 0 0 1 0 0 0 0 0 ");
+    const struct {
+        const char* what;
+        DWORD type;
+        std::string bytes;
+    } damages[] = {
+        {"text", REG_SZ, std::string("1", 2)},
+        {"unclosed text", REG_SZ, "1234"},
+        {"bytes of the right size", REG_BINARY, std::string("\1\0\0\0", 4)},
+        {"the other byte order", REG_DWORD_BIG_ENDIAN, std::string("\0\0\0\1", 4)},
+        {"a long number", REG_QWORD, std::string("\1\0\0\0\0\0\0\0", 8)},
+        {"nothing", REG_DWORD, ""},
+        {"half a number", REG_DWORD, std::string("\1\0", 2)},
+        {"more than a number", REG_DWORD, std::string("\1\0\0\0\0", 5)},
+        {"much more than a number", REG_DWORD, std::string(5000, '\1')},
+    };
+    const struct {
+        std::string key;
+        const char* value;
+        std::function<bool()> isDefault;
+    } values[] = {
+        {Product, "DragTransPerCent", [] { return settings.DragTransPerCent() == 75; }},
+        {Product, "ExtendSysMenu", [] { return settings.ExtendSysMenu() && settings.Autodock(); }},
+        {Product, "Autodock", [] { return !settings.Autodock() && settings.DragTransPerCent() == 1; }},
+        {Product, "Width_2", [] { return ReadIndexedValue(2, "Width", 44) == 44; }},
+        {Own(), "Autodock", [] { return !settings.AppAutodockSet() && settings.AppWindowMem(); }},
+        {Own(), "WindowMem", [] { return settings.AppAutodock() && !settings.AppWindowMem(); }},
+        {Own(), "Excluded", [] { return !IsExcluded(); }},
+    };
+    for (const auto& [key, value, isDefault] : values)
+        WriteNumber(key, value, 1);
+    for (const auto& [what, type, bytes] : damages) {
+        for (const auto& [key, value, isDefault] : values) {
             ReadAnew();
-            for (const Field& field : Fields)
-                EXPECT_EQ(&field == &damaged ? field.missing : field.AsRead(7), field.get()) << field.name;
-        });
-    }
-    WithEachDamage(ProductPath(), "Width_2", 5, [] { EXPECT_EQ(44u, ReadIndexedValue(2, "Width", 44)); });
-    for (const char* name : {"Autodock", "WindowMem", "Excluded"})
-        StoreDword(HKEY_CURRENT_USER, AppPath(), name, 1);
-    WithEachDamage(AppPath(), "Autodock", 1, [] {
-        ReadAnew();
-        EXPECT_TRUE(!settings.AppAutodockSet() && settings.AppWindowMem() && IsExcluded());
-    });
-    WithEachDamage(AppPath(), "WindowMem", 1, [] {
-        ReadAnew();
-        EXPECT_TRUE(settings.AppAutodockSet() && settings.AppAutodock() && !settings.AppWindowMem());
-    });
-    WithEachDamage(AppPath(), "Excluded", 1, [] { EXPECT_FALSE(IsExcluded()); });
-    for (const Damage& damage : NoNumbers) {
-        Store(HKEY_LOCAL_MACHINE, ProductPath(), "Admin", damage.type, damage.bytes);
+            EXPECT_FALSE(isDefault()) << value;
+            Store(key, value, type, bytes);
+            ReadAnew();
+            EXPECT_TRUE(isDefault()) << value << ": " << what;
+            WriteNumber(key, value, 1);
+        }
+        Store(Product, "Admin", type, bytes, HKEY_LOCAL_MACHINE);
         ChooseHive();
-        EXPECT_EQ(HKEY_LOCAL_MACHINE, ChosenHive()) << damage.what;
+        EXPECT_EQ(HKEY_LOCAL_MACHINE, ChosenHive()) << what;
+        DeleteKey(Product, HKEY_LOCAL_MACHINE);
+        ChooseHive();
+        EXPECT_EQ(HKEY_LOCAL_MACHINE, ChosenHive()) << "kept while programs run";
+        WriteNumber(Product, "Admin", 0, HKEY_LOCAL_MACHINE);
+        ChooseHive();
+        EXPECT_EQ(HKEY_CURRENT_USER, ChosenHive());
+        DeleteKey(Product, HKEY_LOCAL_MACHINE);
     }
 }
 
 TEST_F(SettingsTest, ComeBackAsTheyWereSaved) {
     for (const HKEY hive : {HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE}) {
-        MakeKey(hive, ProductPath());
-        for (const DWORD value : {1u, 0u}) {
+        MakeKey(Product, hive);
+        for (int bit = 0; bit < 4; ++bit) {
+            // Over the four rounds each has another row of values than every other.
+            int number = 0;
+            const auto next = [&] { return (++number >> bit & 1) != 0; };
             settings.Load();
-            Names saved;
-            for (const Field& field : Fields) {
-                if (!field.set) continue;
-                field.set(value);
-                saved.push_back(field.name);
-            }
-            std::sort(saved.begin(), saved.end());
+            settings.SetAutodock(next());
+            settings.SetCtrlMax(next());
+            settings.SetDialogControl(next(), next());
+            settings.StoreMultiDesk(next());
+            settings.SetExtendSysMenu(next());
+            settings.SetWindowMem(next());
+            settings.SetDragTrans(next());
+            settings.SetDragTransPerCent(next());
+            settings.SetTaskbarsEnable(next());
+            settings.SetTaskbarsShowAllTasks(next());
+            settings.SetTaskswitchMirrorEnable(next());
+            const std::string before = Saved();
             settings.Save();
-            EXPECT_EQ(saved, ValueNames(hive, ProductPath())) << "Run, RunWizard and Admin are not of them";
             ReadAnew();
-            for (const Field& field : Fields) {
-                if (!field.set) continue;
-                EXPECT_EQ(value, field.get()) << field.name;
-                EXPECT_EQ(value, StoredDword(hive, ProductPath(), field.name)) << field.name;
-            }
+            EXPECT_EQ(Saved(), before);
+            EXPECT_EQ(NamesIn(Product, hive).size(), 12u) << "Run, RunWizard and Admin are not of them";
         }
-    }
-}
-
-TEST_F(SettingsTest, OnlyAdministratorsChangeThoseOfTheMachine) {
-    struct {
-        bool ntFamily;
-        bool machine;
-        bool administrator;
-        bool expected;
-    } const cases[] = {
-        {true, false, true, true},  {true, false, false, true}, {true, true, true, true},
-        {true, true, false, false}, {false, true, false, true},
-    };
-    for (const auto& test : cases) {
-        profile.isNtFamily = true;
-        if (test.machine) UseMachineHive();
-        profile.isNtFamily = test.ntFamily;
-        std::optional<AsOrdinaryUser> lesser;
-        if (!test.administrator) lesser.emplace();
-        EXPECT_EQ(test.administrator, IsUserAdministrator());
-        EXPECT_EQ(test.expected, CanChangeSettings()) << test.ntFamily << test.machine << test.administrator;
     }
 }
 
@@ -159,22 +121,20 @@ TEST_F(SettingsTest, HaveValuesOfTheProgramBesideThemInTheUsersHive) {
     UseMachineHive();
     settings.Load();
     settings.SetAutodock(true);
-    EXPECT_TRUE(settings.EffectiveAutodock());
     settings.SetAppAutodock(false);
     settings.Save();
     EXPECT_FALSE(settings.EffectiveAutodock());
-    EXPECT_FALSE(KeyExists(HKEY_CURRENT_USER, AppPath())) << "docking alone makes no key";
+    EXPECT_EQ(Names{}, NamesIn(Product)) << "docking alone makes no key";
 
     settings.SetAppWindowMem(true);
-    EXPECT_EQ(1u, StoredDword(HKEY_CURRENT_USER, AppPath(), "WindowMem"));
-    EXPECT_EQ(Names{}, Subkeys(HKEY_LOCAL_MACHINE, ProductPath()));
+    EXPECT_EQ(Names{"WindowMem"}, NamesIn(Own()));
     EXPECT_FALSE(settings.RemembersWindows()) << "it isn't offered";
     settings.SetWindowMem(true);
     EXPECT_TRUE(settings.RemembersWindows());
     settings.Save();
-    EXPECT_EQ(0u, StoredDword(HKEY_CURRENT_USER, AppPath(), "Autodock"));
+    EXPECT_EQ(0u, NumberOr(Own(), "Autodock", 9));
     settings.SetAppAutodock(true);
-    EXPECT_EQ(1u, StoredDword(HKEY_CURRENT_USER, AppPath(), "Autodock"));
+    EXPECT_EQ(1u, NumberOr(Own(), "Autodock", 9));
 
     ReadAnew();
     EXPECT_TRUE(settings.AppAutodockSet() && settings.AppAutodock() && settings.AppWindowMem());
@@ -183,7 +143,7 @@ TEST_F(SettingsTest, HaveValuesOfTheProgramBesideThemInTheUsersHive) {
     EXPECT_FALSE(settings.AppAutodockSet() || settings.AppWindowMem()) << "they aren't the server's";
     profile.isServerProcess = false;
     settings.Load();
-    DeleteTree(HKEY_CURRENT_USER, AppPath());
+    DeleteKey(Own());
     settings.Load();
     EXPECT_FALSE(settings.AppAutodockSet() || settings.AppWindowMem());
 }

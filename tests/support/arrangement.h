@@ -8,8 +8,7 @@
 namespace halyard::test {
 
 struct Display {
-    RECT whole;
-    RECT workArea;
+    RECT whole, workArea;
 };
 
 // As the platform enumerates them.
@@ -20,18 +19,16 @@ std::string Describe(const std::vector<Display>& displays);
 // already, and the platform tells no program of it. Returns whether they are so in the end.
 bool Arrange(const std::vector<Display>& wanted);
 
-// Two of the same size side by side and others that tests are used to.
+// Two side by side and others that tests are used to.
 std::vector<Display> SideBySide();
-std::vector<Display> LeftOfPrimary();
 std::vector<Display> AbovePrimary();
 std::vector<Display> ThreeInARow();    // the primary one in the middle
 std::vector<Display> UnderTaskbars();  // as SideBySide, with a bar of 40 pixels at the bottom of each
-std::vector<Display> UnevenHeights();  // a lower one on the right
-
-// Starts a command line of the system beneath the runtime. There is no handle to wait for.
-void RunBeneath(const std::string& command);
 
 // Tells all windows that the displays have changed, which the platform leaves to whoever changed them.
 void AnnounceDisplays();
+
+// Starts a command line of the system beneath the runtime. There is no handle to wait for.
+void RunBeneath(const std::string& command);
 
 }  // namespace halyard::test

@@ -6,7 +6,7 @@ void BehaviourTest::SetUp() {
     DesktopTest::SetUp();
     for (const char* value : {"Autodock", "CtrlMax", "DialogControl", "DragTrans", "WindowMem"})
         Set(value, 0);
-    SetFullDrag(true);
+    SystemParametersInfoA(SPI_SETDRAGFULLWINDOWS, TRUE, nullptr, SPIF_UPDATEINIFILE);
     ASSERT_TRUE(Arrange(SideBySide())) << Describe(PresentDisplays());
     MoveMouse({1000, 740});
 }
@@ -16,35 +16,22 @@ void BehaviourTest::TearDown() {
     DesktopTest::TearDown();
 }
 
-void BehaviourTest::SetFullDrag(bool on) {
-    SystemParametersInfoA(SPI_SETDRAGFULLWINDOWS, on, nullptr, SPIF_UPDATEINIFILE);
-}
-
 void BehaviourTest::TellSettings(const Sample& witness) {
     PostMessageA(HWND_BROADCAST, RegisterWindowMessageA(published::SettingBroadcast), 1, 0);
-    // Behind it in the queue of the same thread.
+    // After it in the queue of the same thread.
     const LRESULT before = Ask(witness.window, sample::CountMessage, WM_APPCOMMAND);
     PostMessageA(witness.window, WM_APPCOMMAND, 0, 0);
     EXPECT_TRUE(Eventually([&] { return Ask(witness.window, sample::CountMessage, WM_APPCOMMAND) > before; }));
 }
 
-Sample BehaviourTest::OpenFrameFrom(const std::string& file, const std::string& title, const std::string& switches) {
+Sample BehaviourTest::OpenFrame(const std::string& title, const std::string& switches, const std::string& file) {
     const Sample frame = OpenProgram(file, "--title \"" + title + "\" " + switches, title);
-    EXPECT_TRUE(Eventually([&] { return IsWindowVisible(frame.window) != FALSE; })) << Describe(frame.window);
+    EXPECT_TRUE(BecomesVisible(frame.window));
     return frame;
 }
 
-Sample BehaviourTest::OpenFrame(const std::string& title, const std::string& switches) {
-    return OpenFrameFrom(BinFolder() + sample::File, title, switches);
-}
-
-Sample BehaviourTest::OpenFrameAs(const std::string& name, const std::string& title, const std::string& switches) {
-    return OpenFrameFrom(CopyTo(ScratchFolder(), sample::File, name), title, switches);
-}
-
 HWND BehaviourTest::OpenDialog(const Sample& frame, sample::Owner owner, POINT place) {
-    const LRESULT dialog = Ask(frame.window, sample::OpenDialog, owner, MAKELONG(place.x, place.y));
-    return reinterpret_cast<HWND>(static_cast<LONG_PTR>(dialog));
+    return reinterpret_cast<HWND>(Ask(frame.window, sample::OpenDialog, owner, MAKELONG(place.x, place.y)));
 }
 
 void BehaviourTest::Close(const Sample& sample) {

@@ -19,16 +19,11 @@ protected:
     static void Set(const char* value, DWORD number) { WriteNumber(published::ProductKey, value, number); }
     // Has all running programs read the configuration, and waits for the sample to have done so.
     static void TellSettings(const Sample& witness);
-    static void SetFullDrag(bool on);
 
-    // Opens the sample program, the original or a copy under another name, and waits until the server knows its
-    // windows.
-    Sample OpenFrame(const std::string& title, const std::string& switches = {});
-    Sample OpenFrameAs(const std::string& name, const std::string& title, const std::string& switches = {});
-    Sample OpenFrameFrom(const std::string& file, const std::string& title, const std::string& switches = {});
-
+    // Opens the sample program, or a copy of it, and waits until its window shows.
+    Sample OpenFrame(const std::string& title, const std::string& switches = {},
+                     const std::string& file = BinFolder() + sample::File);
     static HWND OpenDialog(const Sample& frame, sample::Owner owner, POINT place);
-
     // Ends the program as its user does, and waits for its end.
     static void Close(const Sample& sample);
 };

@@ -1,10 +1,9 @@
 #include "support/desktop_fixture.h"
 
+#include "common/handles.h"
 #include "process/protocol.h"
 #include "shell/record.h"
 #include "support/picture.h"
-
-#include <cstdio>
 
 namespace halyard::test {
 
@@ -21,9 +20,8 @@ void DesktopTest::SetUp() {
     ASSERT_EQ(Server(), nullptr) << "a server runs already: " << Describe(Server());
     DeleteKey(published::ProductKey);
     DeleteKey(standin::StandInKey);
-    WriteNumber(published::ProductKey, "Run", 1);
-    WriteNumber(published::ProductKey, "RunWizard", 1);
-    WriteNumber(published::ProductKey, "MultiDesk", 1);
+    for (const char* value : {"Run", "RunWizard", "MultiDesk"})
+        WriteNumber(published::ProductKey, value, 1);
     WriteNumber(published::ProductKey, "ShowDesktopName", 0);
     WriteText(DesktopKey(1), nullptr, "One");
     WriteText(DesktopKey(2), nullptr, "Two");
@@ -31,20 +29,17 @@ void DesktopTest::SetUp() {
 }
 
 void DesktopTest::TearDown() {
-    if (HasFailure()) ShowFailure();
+    if (HasFailure()) {
+        std::printf("The desktop at the end of the test:\n");
+        for (HWND window : TopLevelWindows())
+            std::printf("  %s\n", Describe(window).c_str());
+        if (Server()) std::printf("%s", Loader("--status").out.c_str());
+        const testing::TestInfo* test = testing::UnitTest::GetInstance()->current_test_info();
+        std::printf("Picture: %s\n", SavePicture(Format("%s.%s", test->test_suite_name(), test->name())).c_str());
+    }
     QuitLoader();
     children.EndAll();
     EXPECT_TRUE(Eventually([] { return !Server(); })) << "the server was left behind: " << Describe(Server());
-}
-
-void DesktopTest::ShowFailure() {
-    std::printf("The desktop at the end of the test:\n");
-    for (HWND window : TopLevelWindows())
-        std::printf("  %s\n", Describe(window).c_str());
-    if (Server()) std::printf("%s", Loader("--status").out.c_str());
-    const testing::TestInfo* test = testing::UnitTest::GetInstance()->current_test_info();
-    const std::string picture = SavePicture(std::string(test->test_suite_name()) + "." + test->name());
-    std::printf("Picture: %s\n", picture.empty() ? "could not be saved" : picture.c_str());
 }
 
 void DesktopTest::StartLoader(const std::string& switches) {
@@ -63,20 +58,15 @@ void DesktopTest::QuitLoader() {
     const HWND window = FindWindowA(published::LoaderClass, nullptr);
     if (!window) return;
     PostMessageA(window, WM_CLOSE, 0, 0);
-    const bool ended = !loader || loader->Ends(WaitLimit);
-    EXPECT_TRUE(ended) << "the loader doesn't end";
+    EXPECT_TRUE(!loader || loader->Ends(WaitLimit)) << "the loader doesn't end";
 }
 
 Sample DesktopTest::OpenProgram(const std::string& file, const std::string& switches, const std::string& title) {
-    Sample sample;
-    sample.program = children.Start("\"" + file + "\" " + switches);
+    Sample sample = {children.Start("\"" + file + "\" " + switches), nullptr};
     EXPECT_NE(sample.program, nullptr) << file << " can't be started: " << GetLastError();
     if (!sample.program) return sample;
-    EXPECT_TRUE(Eventually([&] {
-        sample.window = WindowOf(sample.program->Id(), title);
-        return sample.window != nullptr;
-    })) << file
-        << " shows no window \"" << title << "\"";
+    EXPECT_TRUE(Eventually([&] { return (sample.window = WindowOf(sample.program->Id(), title)) != nullptr; }))
+        << file << " shows no window \"" << title << "\"";
     return sample;
 }
 
@@ -92,8 +82,7 @@ Sample DesktopTest::OpenNotepad() {
 }
 
 HWND DesktopTest::OpenPopup(const Sample& sample, bool visible) {
-    const LRESULT popup = Ask(sample.window, sample::OpenPopup, visible);
-    return reinterpret_cast<HWND>(static_cast<LONG_PTR>(popup));
+    return reinterpret_cast<HWND>(Ask(sample.window, sample::OpenPopup, visible));
 }
 
 std::string DesktopTest::ScratchFolder() {
@@ -113,11 +102,10 @@ std::string DesktopTest::CopyTo(const std::string& targetFolder, const std::stri
 
 std::string DesktopTest::ReportOf(const Sample& asked, UINT message) {
     if (Ask(asked.window, message) < 0) return "no answer";
-    const HANDLE block = OpenFileMappingA(FILE_MAP_READ, FALSE, sample::ReportName(asked.program->Id()).c_str());
-    const void* view = MapViewOfFile(block, FILE_MAP_READ, 0, 0, sample::ReportSize);
+    const KernelHandle block(OpenFileMappingA(FILE_MAP_READ, FALSE, sample::ReportName(asked.program->Id()).c_str()));
+    const void* view = MapViewOfFile(block.get(), FILE_MAP_READ, 0, 0, sample::ReportSize);
     const std::string text = view ? static_cast<const char*>(view) : "no report";
     UnmapViewOfFile(view);
-    CloseHandle(block);
     return text;
 }
 
@@ -134,22 +122,14 @@ unsigned DesktopTest::WindowsOn(int desktop) {
 }
 
 testing::AssertionResult DesktopTest::WindowsBecome(int desktop, unsigned count) {
-    unsigned seen = 0;
-    const bool good = Eventually([&] {
-        seen = WindowsOn(desktop);
-        return seen == count;
-    });
-    if (good) return testing::AssertionSuccess();
-    return testing::AssertionFailure() << "desktop " << desktop << " has " << seen << " windows, not " << count;
+    return Comes([&] { return WindowsOn(desktop) == count; },
+                 [&] { return Format("desktop %d has %u windows, not %u", desktop, WindowsOn(desktop), count); });
 }
 
 std::string DesktopTest::Status(const std::string& name) {
-    const std::string text = "\n" + Loader("--status").out;
-    const std::string start = "\n" + name + ": ";
-    const std::size_t found = text.find(start);
-    if (found == std::string::npos) return "no \"" + name + "\" in" + text;
-    const std::size_t value = found + start.size();
-    return text.substr(value, text.find('\n', value) - value);
+    const std::string text = "\n" + Loader("--status").out, start = "\n" + name + ": ";
+    const std::size_t found = text.find(start), value = found + start.size();
+    return found == text.npos ? "no \"" + name + "\" in" + text : text.substr(value, text.find('\n', value) - value);
 }
 
 }  // namespace halyard::test

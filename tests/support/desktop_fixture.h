@@ -60,9 +60,6 @@ protected:
     std::string Status(const std::string& name);
 
     Children children;
-
-private:
-    void ShowFailure();
 };
 
 }  // namespace halyard::test

@@ -1,10 +1,8 @@
 #include "support/input.h"
 
 #include "support/arrangement.h"
-#include "support/windows_seen.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <cstdlib>
 
 namespace halyard::test {
@@ -14,56 +12,33 @@ namespace {
 // Input is made beneath the runtime, in the X server. Input that is injected into the runtime is undone by what that
 // server says later: it knows of no held keys, and while a program holds the pointer, as in menus and drags, the
 // runtime can't move the server's pointer along. Each line of commands goes into a file that a shell follows.
-class Hands {
-public:
-    Hands() : commands(std::fopen("C:\\input.txt", "wb")) {
+void Do(const std::string& line) {
+    static std::FILE* commands = nullptr;
+    if (!commands) {
+        commands = std::fopen("C:\\input.txt", "wb");
         RunBeneath("tail -f $WINEPREFIX/drive_c/input.txt | while read -r line; do xdotool $line; done");
     }
-    Hands(const Hands&) = delete;
-    Hands& operator=(const Hands&) = delete;
-    ~Hands() { std::fclose(commands); }
-
-    void Do(const std::string& line) {
-        std::fputs((line + "\n").c_str(), commands);
-        std::fflush(commands);
-    }
-
-private:
-    std::FILE* commands;
-};
-
-void Do(const std::string& line) {
-    static Hands hands;
-    hands.Do(line);
+    std::fputs((line + "\n").c_str(), commands);
+    std::fflush(commands);
 }
 
 std::string MoveText(POINT to) {
-    return "mousemove " + std::to_string(to.x - GetSystemMetrics(SM_XVIRTUALSCREEN)) + " " +
-           std::to_string(to.y - GetSystemMetrics(SM_YVIRTUALSCREEN));
-}
-
-GUITHREADINFO ThreadOf(HWND window) {
-    GUITHREADINFO info = {};
-    info.cbSize = sizeof(info);
-    GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &info);
-    return info;
+    return Format("mousemove %ld %ld ", to.x - GetSystemMetrics(SM_XVIRTUALSCREEN),
+                  to.y - GetSystemMetrics(SM_YVIRTUALSCREEN));
 }
 
 // Where input would go now, for whoever wonders where it went.
 std::string CursorText() {
     POINT cursor = {};
     GetCursorPos(&cursor);
-    return "cursor at " + std::to_string(cursor.x) + "," + std::to_string(cursor.y) +
-           (GetKeyState(VK_LBUTTON) < 0 ? " pressed" : " free") + " over " + Describe(WindowFromPoint(cursor)) +
-           "\nforeground: " + Describe(GetForegroundWindow());
+    return Format("\ncursor at %ld,%ld %s over ", cursor.x, cursor.y,
+                  GetKeyState(VK_LBUTTON) < 0 ? "pressed" : "free") +
+           Describe(WindowFromPoint(cursor)) + "\nforeground: " + Describe(GetForegroundWindow());
 }
 
-testing::AssertionResult LoopBecomes(HWND window, DWORD flag, bool wanted) {
-    if (Eventually([&] { return ((ThreadOf(window).flags & flag) != 0) == wanted; }))
-        return testing::AssertionSuccess();
-    return testing::AssertionFailure() << "the thread's state is " << ThreadOf(window).flags << ", should "
-                                       << (wanted ? "have " : "not have ") << flag << ": " << Describe(window) << "\n"
-                                       << CursorText();
+testing::AssertionResult LoopBecomes(HWND window, DWORD flag, DWORD wanted) {
+    return Comes([&] { return (ThreadOf(window).flags & flag) == wanted; },
+                 [&] { return Format("state %lx of ", ThreadOf(window).flags) + Describe(window) + CursorText(); });
 }
 
 }  // namespace
@@ -71,14 +46,12 @@ testing::AssertionResult LoopBecomes(HWND window, DWORD flag, bool wanted) {
 void MoveMouse(POINT to) {
     Do(MoveText(to));
     POINT cursor = {};
-    EXPECT_TRUE(Eventually([&] { return GetCursorPos(&cursor) && cursor.x == to.x && cursor.y == to.y; }))
-        << "the cursor is at " << cursor.x << "," << cursor.y << ", not at " << to.x << "," << to.y;
+    EXPECT_TRUE(Comes([&] { return GetCursorPos(&cursor) && cursor.x == to.x && cursor.y == to.y; }, CursorText));
 }
 
 void PressMouse() {
     Do("mousedown 1");
 }
-
 void ReleaseMouse() {
     Do("mouseup 1");
 }
@@ -87,25 +60,21 @@ void Click(POINT at) {
     // Two at one place, soon after each other, would be a double-click.
     static int aside = 3;
     aside = -aside;
-    Do(MoveText({at.x + aside, at.y}) + " click 1");
+    Do(MoveText({at.x + aside, at.y}) + "click 1");
 }
-
 void DoubleClick(POINT at) {
-    Do(MoveText(at) + " click --repeat 2 --delay 40 1");
+    Do(MoveText(at) + "click --repeat 2 --delay 40 1");
 }
-
 void RightClick(POINT at) {
-    Do(MoveText(at) + " click 3");
+    Do(MoveText(at) + "click 3");
 }
 
 void TapKey(const std::string& key) {
     Do("key " + key);
 }
-
 HeldKey::HeldKey(const std::string& heldKey) : key(heldKey) {
     Do("keydown " + key);
 }
-
 HeldKey::~HeldKey() {
     Do("keyup " + key);
 }
@@ -128,20 +97,20 @@ testing::AssertionResult BringToFront(HWND window) {
     };
     if (Eventually(isSettled) && Eventually(hearsKeys) && Eventually([] { return GetAsyncKeyState(VK_SHIFT) >= 0; }))
         return testing::AssertionSuccess();
-    return testing::AssertionFailure() << "not in the foreground: " << Describe(window) << "\n" << CursorText();
+    return testing::AssertionFailure() << "not in the foreground: " << Describe(window) << CursorText();
 }
 
 testing::AssertionResult EntersLoop(HWND window, DWORD flag) {
-    return LoopBecomes(window, flag, true);
+    return LoopBecomes(window, flag, flag);
 }
 testing::AssertionResult LeavesLoop(HWND window, DWORD flag) {
-    return LoopBecomes(window, flag, false);
+    return LoopBecomes(window, flag, 0);
 }
 
 testing::AssertionResult OpenSystemMenu(HWND window) {
-    if (const testing::AssertionResult inFront = BringToFront(window); !inFront) return inFront;
-    TapKey("alt+space");
-    return EntersLoop(window, GUI_INMENUMODE);
+    const testing::AssertionResult inFront = BringToFront(window);
+    if (inFront) TapKey("alt+space");
+    return inFront ? EntersLoop(window, GUI_INMENUMODE) : inFront;
 }
 
 testing::AssertionResult CloseMenus(HWND window) {
@@ -162,10 +131,9 @@ POINT MaximiseButtonOf(HWND window) {
             CaptionOf(window).y};
 }
 
-RECT PlaceOf(HWND window) {
-    RECT place = {};
-    GetWindowRect(window, &place);
-    return place;
+POINT MiddleOf(HWND window) {
+    const RECT place = PlaceOf(window);
+    return {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
 }
 
 testing::AssertionResult BecomesPlaced(HWND window, const RECT& wanted) {
@@ -173,10 +141,10 @@ testing::AssertionResult BecomesPlaced(HWND window, const RECT& wanted) {
         const RECT place = PlaceOf(window);
         return EqualRect(&place, &wanted) != FALSE;
     };
-    if (Eventually(isThere)) return testing::AssertionSuccess();
-    return testing::AssertionFailure() << "should stand at " << wanted.left << "," << wanted.top << " to "
-                                       << wanted.right << "," << wanted.bottom << ": " << Describe(window) << "\n"
-                                       << CursorText();
+    return Comes(isThere, [&] {
+        return Format("should stand at %ld,%ld to %ld,%ld: ", wanted.left, wanted.top, wanted.right, wanted.bottom) +
+               Describe(window) + CursorText();
+    });
 }
 
 Drag::Drag(HWND draggedWindow, POINT gripPoint) : window(draggedWindow), grip(gripPoint) {
@@ -184,12 +152,7 @@ Drag::Drag(HWND draggedWindow, POINT gripPoint) : window(draggedWindow), grip(gr
     MoveMouse(grip);
     PressMouse();
     const testing::AssertionResult entered = EntersLoop(window, GUI_INMOVESIZE);
-    began = entered;
-    EXPECT_TRUE(entered);
-}
-
-Drag::~Drag() {
-    if (held) Drop();
+    EXPECT_TRUE(began = entered) << entered.message();
 }
 
 void Drag::To(int dx, int dy) {
@@ -198,9 +161,8 @@ void Drag::To(int dx, int dy) {
 }
 
 void Drag::SlowlyTo(int dx, int dy) {
-    constexpr int Step = 32;
     const POINT from = offset;
-    const int steps = (std::max(std::abs(dx - from.x), std::abs(dy - from.y)) + Step - 1) / Step;
+    const int steps = std::max(std::abs(dx - from.x), std::abs(dy - from.y)) / 32 + 1;
     for (int step = 1; step <= steps; ++step) {
         To(from.x + (dx - from.x) * step / steps, from.y + (dy - from.y) * step / steps);
         Ask(window, WM_NULL);
@@ -209,6 +171,7 @@ void Drag::SlowlyTo(int dx, int dy) {
 }
 
 void Drag::Drop() {
+    if (!held) return;
     held = false;
     ReleaseMouse();
     EXPECT_TRUE(!IsWindow(window) || LeavesLoop(window, GUI_INMOVESIZE));

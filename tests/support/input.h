@@ -2,9 +2,7 @@
 // to be waited for.
 #pragma once
 
-#include <gtest/gtest.h>
-#include <string>
-#include <windows.h>
+#include "support/windows_seen.h"
 
 namespace halyard::test {
 
@@ -19,15 +17,11 @@ void RightClick(POINT at);
 // By the X server's names: "Escape", "alt+space".
 void TapKey(const std::string& key);
 
-class HeldKey {
-public:
-    explicit HeldKey(const std::string& key);
+struct HeldKey {
+    explicit HeldKey(const std::string& heldKey);
     HeldKey(const HeldKey&) = delete;
-    HeldKey& operator=(const HeldKey&) = delete;
     ~HeldKey();
-
-private:
-    std::string key;
+    const std::string key;
 };
 
 // Waits until the window's program has it in the foreground and active.
@@ -44,8 +38,8 @@ testing::AssertionResult CloseMenus(HWND window);
 // Places on the frame of a window of the common style.
 POINT CaptionOf(HWND window);
 POINT MaximiseButtonOf(HWND window);
+POINT MiddleOf(HWND window);
 
-RECT PlaceOf(HWND window);
 // Waits until the window stands at this place.
 testing::AssertionResult BecomesPlaced(HWND window, const RECT& wanted);
 
@@ -56,8 +50,7 @@ public:
     Drag(HWND draggedWindow, POINT gripPoint);
     explicit Drag(HWND draggedWindow) : Drag(draggedWindow, CaptionOf(draggedWindow)) {}
     Drag(const Drag&) = delete;
-    Drag& operator=(const Drag&) = delete;
-    ~Drag();
+    ~Drag() { Drop(); }
 
     // Moves the cursor to that distance from where it took the window: at once, or in steps of at most 32 pixels.
     void To(int dx, int dy);
@@ -66,11 +59,10 @@ public:
     bool Began() const { return began; }
 
 private:
-    HWND window;
-    POINT grip;
+    const HWND window;
+    const POINT grip;
     POINT offset = {0, 0};
-    bool began = false;
-    bool held = true;
+    bool began = false, held = true;
 };
 
 }  // namespace halyard::test

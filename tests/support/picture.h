@@ -3,14 +3,14 @@
 
 #include <string>
 #include <vector>
+#include <windows.h>
 
 namespace halyard::test {
 
-// Saves all displays as one bitmap file, in the folder that HALYARD_TEST_OUT names or in "out" beside this program.
-// Returns the file's path, empty where it couldn't be written.
+RECT WholeDesktop();
+// The screen as it is now, row by row from the top; the part of it in screen coordinates.
+std::vector<COLORREF> PixelsOf(const RECT& part);
+// Has all displays saved as that file of the folder "out" beside this program, and waits for it; the file's path.
 std::string SavePicture(const std::string& name);
-
-// All displays as they are now: rows of pixels of 4 bytes each.
-std::vector<unsigned char> ScreenPixels();
 
 }  // namespace halyard::test

@@ -8,7 +8,6 @@ namespace halyard::test::published {
 
 inline constexpr char ServerClass[] = "TevralHalyardServerWndClass";
 inline constexpr char LoaderClass[] = "TevralHalyardLoaderWndClass";
-inline constexpr char LoaderMutex[] = "TevralHalyardLoaderInstance";
 inline constexpr char SettingBroadcast[] = "TevralHalyardSettingMsg";
 inline constexpr char ProductKey[] = "Software\\Tevral, Inc.\\Halyard";
 

@@ -3,51 +3,81 @@
 #include "support/published.h"
 
 #include <algorithm>
+#include <gtest/gtest.h>
 
+#include <sddl.h>
 #include <shlwapi.h>
 
 namespace halyard::test {
 
-namespace {
-
-std::string Read(HKEY hive, const std::string& key, const char* name) {
-    char text[1024] = {};
-    DWORD size = sizeof(text) - 1;
-    SHGetValueA(hive, key.c_str(), name, nullptr, text, &size);
-    return text;
+void Store(const std::string& key, const char* name, DWORD type, const std::string& bytes, HKEY hive) {
+    // The platform looks past the bytes, and closes a text for whom it finds a zero there.
+    const std::string room = bytes + 'x';
+    EXPECT_EQ(SHSetValueA(hive, key.c_str(), name, type, room.data(), static_cast<DWORD>(bytes.size())), 0) << key;
 }
 
-void Write(HKEY hive, const std::string& key, const char* name, const std::string& text) {
-    SHSetValueA(hive, key.c_str(), name, REG_SZ, text.c_str(), static_cast<DWORD>(text.size() + 1));
+void WriteNumber(const std::string& key, const char* name, DWORD number, HKEY hive) {
+    Store(key, name, REG_DWORD, std::string(reinterpret_cast<const char*>(&number), sizeof(number)), hive);
 }
 
-}  // namespace
-
-void WriteNumber(const std::string& key, const char* name, DWORD number) {
-    SHSetValueA(HKEY_CURRENT_USER, key.c_str(), name, REG_DWORD, &number, sizeof(number));
+void WriteText(const std::string& key, const char* name, const std::string& text, HKEY hive) {
+    Store(key, name, REG_SZ, text + '\0', hive);
 }
 
-void WriteText(const std::string& key, const char* name, const std::string& text) {
-    Write(HKEY_CURRENT_USER, key, name, text);
+DWORD NumberOr(const std::string& key, const char* name, DWORD missing, HKEY hive) {
+    DWORD number = 0, type = 0, size = sizeof(number);
+    const LSTATUS result = SHGetValueA(hive, key.c_str(), name, &type, &number, &size);
+    return result == ERROR_SUCCESS && type == REG_DWORD ? number : missing;
 }
 
-DWORD NumberOr(const std::string& key, const char* name, DWORD missing) {
-    DWORD number = 0;
-    DWORD size = sizeof(number);
-    const LSTATUS result = SHGetValueA(HKEY_CURRENT_USER, key.c_str(), name, nullptr, &number, &size);
-    return result == ERROR_SUCCESS && size == sizeof(number) ? number : missing;
+std::string BytesOf(const std::string& key, const char* name, HKEY hive) {
+    char bytes[1024] = {};
+    DWORD size = sizeof(bytes);
+    return SHGetValueA(hive, key.c_str(), name, nullptr, bytes, &size) ? std::string() : std::string(bytes, size);
 }
 
-std::string TextOf(const std::string& key, const char* name) {
-    return Read(HKEY_CURRENT_USER, key, name);
+std::string TextOf(const std::string& key, const char* name, HKEY hive) {
+    return BytesOf(key, name, hive).c_str();
 }
 
 void DeleteValue(const std::string& key, const char* name) {
     SHDeleteValueA(HKEY_CURRENT_USER, key.c_str(), name);
 }
 
-void DeleteKey(const std::string& key) {
-    SHDeleteKeyA(HKEY_CURRENT_USER, key.c_str());
+void MakeKey(const std::string& key, HKEY hive) {
+    HKEY made = nullptr;
+    EXPECT_EQ(RegCreateKeyA(hive, key.c_str(), &made), 0) << key;
+    RegCloseKey(made);
+}
+
+void DeleteKey(const std::string& key, HKEY hive) {
+    SHDeleteKeyA(hive, key.c_str());
+}
+
+Names NamesIn(const std::string& key, HKEY hive) {
+    Names names;
+    HKEY opened = nullptr;
+    RegOpenKeyExA(hive, key.c_str(), 0, KEY_READ, &opened);
+    char name[261];
+    for (DWORD index = 0, size = 260; !SHEnumKeyExA(opened, index, name, &size); ++index, size = 260)
+        names.push_back(std::string(name) + "\\");
+    for (DWORD index = 0, size = 260; !SHEnumValueA(opened, index, name, &size, nullptr, nullptr, nullptr);
+         ++index, size = 260)
+        names.push_back(name);
+    RegCloseKey(opened);
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+void Restrict(const std::string& key) {
+    HKEY opened = nullptr;
+    PSECURITY_DESCRIPTOR reading = nullptr;
+    RegOpenKeyExA(HKEY_CURRENT_USER, key.c_str(), 0, WRITE_DAC, &opened);
+    ConvertStringSecurityDescriptorToSecurityDescriptorA("D:(A;;KRSDWD;;;WD)", SDDL_REVISION_1, &reading, nullptr);
+    RegSetKeySecurity(opened, DACL_SECURITY_INFORMATION, reading);
+    LocalFree(reading);
+    RegCloseKey(opened);
+    ASSERT_NE(RegOpenKeyExA(HKEY_CURRENT_USER, key.c_str(), 0, KEY_ALL_ACCESS, &opened), 0) << "it isn't enforced";
 }
 
 std::string DesktopKey(int id) {
@@ -60,14 +90,10 @@ std::string ProgramKey(const std::string& path) {
     return std::string(published::ProductKey) + "\\AppMem\\" + name;
 }
 
-// In the classes of the machine, of this program's bitness: the runtime doesn't look into the user's.
+// In the classes of the machine, of this program's bitness: Wine doesn't look into the user's.
 ClassRegistration::ClassRegistration(const char* classId, const std::string& path)
-    : key(std::string("CLSID\\") + classId + "\\InprocServer32"), before(Read(HKEY_CLASSES_ROOT, key, nullptr)) {
-    Write(HKEY_CLASSES_ROOT, key, nullptr, path);
-}
-
-ClassRegistration::~ClassRegistration() {
-    Write(HKEY_CLASSES_ROOT, key, nullptr, before);
+    : key(std::string("CLSID\\") + classId + "\\InprocServer32"), before(TextOf(key, nullptr, HKEY_CLASSES_ROOT)) {
+    WriteText(key, nullptr, path, HKEY_CLASSES_ROOT);
 }
 
 }  // namespace halyard::test

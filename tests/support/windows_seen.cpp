@@ -4,46 +4,46 @@ namespace halyard::test {
 
 namespace {
 
-testing::AssertionResult Becomes(HWND window, bool visible) {
-    if (!IsWindow(window)) return testing::AssertionFailure() << Describe(window);
-    if (Eventually([&] { return (IsWindowVisible(window) != FALSE) == visible; })) return testing::AssertionSuccess();
+testing::AssertionResult IsShown(HWND window, bool visible, DWORD limit) {
+    const auto isSo = [&] { return IsWindow(window) && (IsWindowVisible(window) != FALSE) == visible; };
+    if (Eventually(isSo, limit)) return testing::AssertionSuccess();
     return testing::AssertionFailure() << "should be " << (visible ? "visible: " : "hidden: ") << Describe(window);
 }
 
+// Showing and hiding are sent to the thread; a later message comes after them.
 testing::AssertionResult Stays(HWND window, bool visible) {
-    // Showing and hiding are sent to the thread; a later message comes behind them.
-    if (Ask(window, WM_NULL) == 0 && (IsWindowVisible(window) != FALSE) == visible) return testing::AssertionSuccess();
-    return testing::AssertionFailure() << "should have stayed " << (visible ? "visible: " : "hidden: ")
-                                       << Describe(window);
-}
-
-BOOL CALLBACK Collect(HWND window, LPARAM windows) {
-    reinterpret_cast<std::vector<HWND>*>(windows)->push_back(window);
-    return TRUE;
+    if (Ask(window, WM_NULL) != 0) return testing::AssertionFailure() << "doesn't answer: " << Describe(window);
+    return IsShown(window, visible, 0);
 }
 
 }  // namespace
 
 std::string Describe(HWND window) {
     if (!IsWindow(window)) return "no window";
-    char name[64] = {};
-    char title[64] = {};
-    RECT place = {};
+    char name[64] = {}, title[64] = {};
     DWORD process = 0;
     GetClassNameA(window, name, sizeof(name));
     GetWindowTextA(window, title, sizeof(title));
-    GetWindowRect(window, &place);
     GetWindowThreadProcessId(window, &process);
-    char line[256];
-    wsprintfA(line, "%08lx class \"%s\" title \"%s\" process %04lx at %ld,%ld %ldx%ld %s", HandleToLong(window), name,
-              title, process, place.left, place.top, place.right - place.left, place.bottom - place.top,
-              IsWindowVisible(window) ? "visible" : "hidden");
-    return line;
+    const RECT place = PlaceOf(window);
+    return Format("%08lx class \"%s\" title \"%s\" process %04lx at %ld,%ld %ldx%ld %s", HandleToLong(window), name,
+                  title, process, place.left, place.top, place.right - place.left, place.bottom - place.top,
+                  IsWindowVisible(window) ? "visible" : "hidden");
+}
+
+RECT PlaceOf(HWND window) {
+    RECT place = {};
+    GetWindowRect(window, &place);
+    return place;
 }
 
 std::vector<HWND> TopLevelWindows() {
     std::vector<HWND> windows;
-    EnumWindows(Collect, reinterpret_cast<LPARAM>(&windows));
+    const auto collect = [](HWND window, LPARAM found) WINAPI {
+        reinterpret_cast<std::vector<HWND>*>(found)->push_back(window);
+        return TRUE;
+    };
+    EnumWindows(collect, reinterpret_cast<LPARAM>(&windows));
     return windows;
 }
 
@@ -52,25 +52,20 @@ HWND WindowOf(DWORD processId, const std::string& title) {
         char text[256] = {};
         DWORD process = 0;
         GetWindowThreadProcessId(window, &process);
-        if (process != processId) continue;
-        GetWindowTextA(window, text, sizeof(text));
-        if (title == text) return window;
+        if (process == processId && GetWindowTextA(window, text, sizeof(text)) >= 0 && title == text) return window;
     }
     return nullptr;
 }
 
 testing::AssertionResult BecomesVisible(HWND window) {
-    return Becomes(window, true);
+    return IsShown(window, true, WaitLimit);
 }
-
 testing::AssertionResult BecomesHidden(HWND window) {
-    return Becomes(window, false);
+    return IsShown(window, false, WaitLimit);
 }
-
 testing::AssertionResult StaysVisible(HWND window) {
     return Stays(window, true);
 }
-
 testing::AssertionResult StaysHidden(HWND window) {
     return Stays(window, false);
 }
@@ -79,6 +74,19 @@ LRESULT Ask(HWND window, UINT message, WPARAM wParam, LPARAM lParam, DWORD limit
     DWORD_PTR answer = 0;
     if (!SendMessageTimeoutA(window, message, wParam, lParam, SMTO_NORMAL, limit, &answer)) return -1;
     return static_cast<LRESULT>(answer);
+}
+
+std::string TextOf(HWND control) {
+    std::string text(static_cast<std::size_t>(Ask(control, WM_GETTEXTLENGTH)) + 1, 0);
+    Ask(control, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
+    return text.c_str();
+}
+
+GUITHREADINFO ThreadOf(HWND window) {
+    GUITHREADINFO info = {};
+    info.cbSize = sizeof(info);
+    GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &info);
+    return info;
 }
 
 }  // namespace halyard::test

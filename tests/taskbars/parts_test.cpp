@@ -84,7 +84,7 @@ protected:
     }
     void TearDown() override {
         DestroyAllTaskbars();
-        test::PumpAll();
+        test::Eventually([] { return true; });  // hands out what waits
         DestroyServerWindow();
         SetHooksInstalled(false);
         profile.isWindows2000 = false;
@@ -111,7 +111,7 @@ TEST_F(BarsTest, GoWithTheirDisplaysAndAreFreedOnce) {
     SendMessageA(window, WM_DISPLAYCHANGE, 0, 0);
     ASSERT_EQ(Bars(), "DISPLAY1=1 ");
     EXPECT_FALSE(IsWindow(window));
-    test::PumpAll();
+    test::Eventually([] { return true; });  // hands out what waits
     // One that is free already, a live one, and none at all.
     for (const LPARAM bar : {reinterpret_cast<LPARAM>(gone), reinterpret_cast<LPARAM>(&TaskbarAt(0)), LPARAM{0x1234}})
         DeleteRetiredTaskbar(bar);
@@ -185,7 +185,7 @@ TEST_F(BarsTest, ButtonsShowIconTextAndMark) {
     const test::TestWindow plain;
     const TaskButton* late = AddButton(bar, plain.get(), true);
     EXPECT_EQ(late->image, I_IMAGENONE);
-    EXPECT_TRUE(test::PumpUntil([&] { return late->image >= 0; }));
+    EXPECT_TRUE(test::Eventually([&] { return late->image >= 0; }));
 
     // A button is also where its window is minimised to.
     MapWindowPoints(bar.toolbar, nullptr, reinterpret_cast<POINT*>(&place), 2);
