@@ -12,6 +12,7 @@
 #include "taskbars/button_painting.h"
 #include "taskbars/docking.h"
 #include "taskbars/live_taskbars.h"
+#include "taskbars/overflow.h"
 #include "taskbars/shell/tray_hook.h"
 #include "taskbars/shell_events.h"
 #include "taskbars/task_buttons.h"
@@ -63,7 +64,7 @@ void OnTaskbarCreated(SecondaryTaskbar& bar) noexcept {
 void OnSize(SecondaryTaskbar& bar, LONG width, LONG height) noexcept {
     bar.clientWidth = width;
     bar.clientHeight = height;
-    SizeButtons(bar);
+    LayOutButtons(bar);
 }
 
 // The toolbar's notices lie on this thread's stack. A notice that another program made up doesn't, and isn't looked at.
