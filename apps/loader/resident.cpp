@@ -117,7 +117,9 @@ void PumpMessages() noexcept {
         }
         const HANDLE guardEnds = guard.Process();
         const DWORD handles = guardEnds ? 1 : 0;
-        const DWORD outcome = MsgWaitForMultipleObjects(handles, &guardEnds, FALSE, INFINITE, QS_ALLINPUT);
+        // Also for messages that have been in the queue before: one may come while the last look sees none.
+        const DWORD outcome =
+            MsgWaitForMultipleObjectsEx(handles, &guardEnds, INFINITE, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
         if (handles && outcome == WAIT_OBJECT_0) guard.Replace();
     }
 }
