@@ -81,6 +81,18 @@ TEST_F(TaskListTest, TitlesAreInEveryScript) {
     EXPECT_TRUE(Shows(2, {"*\u041F\u0440\u0438 \u03A9 \u0639 \u6587 \U0001F642"}));
 }
 
+TEST_F(TaskListTest, ButtonsThatAKilledServerTookComeBack) {
+    tray.Start(children);
+    OpenAt("Taken", OnSecond);
+    StartLoader("--no-guard");
+    EXPECT_TRUE(Shows(2, {"Taken"}));
+    EXPECT_TRUE(PrimaryShows({}));
+    loader->Kill();
+    Set("TaskbarsEnable", 0);
+    StartLoader();
+    EXPECT_TRUE(PrimaryShows({"Taken"}));
+}
+
 TEST_F(TaskListTest, WindowsWithoutRoomAreInAMenu) {
     StartAll();
     const Sample many = OpenAt("Many", OnSecond, "--count 40");
