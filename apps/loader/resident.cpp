@@ -6,6 +6,7 @@
 #include "loader/guard.h"
 #include "loader/output.h"
 #include "loader/status.h"
+#include "loader/tray_icon.h"
 #include "process/protocol.h"
 
 namespace halyard::loader {
@@ -18,12 +19,15 @@ HWND residentWindow = nullptr;
 HANDLE endedEvent = nullptr;
 bool serverRunning = false;
 Guard guard;
+TrayIcon trayIcon;
+UINT taskbarCreated = 0;
 
 constexpr DWORD EndTimeout = 5000;  // ms that the console's close waits for the server's end
 
 void EndServer() noexcept {
     if (!serverRunning) return;
     serverRunning = false;
+    trayIcon.Remove();
     boundLibrary->serverUninit();
     guard.SayGoodbye();
 }
@@ -81,8 +85,23 @@ LRESULT OnDestroy() noexcept {
     return 0;
 }
 
+LRESULT OnTray(HWND window, LPARAM event) noexcept {
+    const TrayRequest request = trayIcon.OnCallback(event);
+    if (request == TrayRequest::RestoreAll) RestoreAll();
+    if (request == TrayRequest::Quit) PostMessageA(window, WM_CLOSE, 0, 0);
+    return 0;
+}
+
+LRESULT OnTimer(WPARAM timer) noexcept {
+    if (timer == TrayIcon::UpdateTimer && serverRunning) trayIcon.Update();
+    return 0;
+}
+
 LRESULT CALLBACK ResidentWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (taskbarCreated && message == taskbarCreated) trayIcon.OnShellCame();
     switch (message) {
+    case TrayIcon::CallbackMessage: return OnTray(window, lParam);
+    case WM_TIMER: return OnTimer(wParam);
     case WM_COPYDATA: return OnCopyData(reinterpret_cast<const COPYDATASTRUCT*>(lParam));
     case WM_ENDSESSION: return OnEndSession(wParam != 0);
     case WM_DESTROY: return OnDestroy();
@@ -143,6 +162,8 @@ int RunResident(const Library& library, const CommandLine& line) {
         EndServer();
         return 1;
     }
+    taskbarCreated = RegisterWindowMessageA("TaskbarCreated");
+    trayIcon.Show(residentWindow, library);
     SetConsoleCtrlHandler(OnConsoleEvent, TRUE);
     Print(CarryAll(line.commands, line.count));
     if (!line.Has(Action::NoGuard)) guard.Start();

@@ -25,6 +25,7 @@ void DesktopTest::SetUp() {
     WriteNumber(published::ProductKey, "RunWizard", 1);
     WriteNumber(published::ProductKey, "MultiDesk", 1);
     WriteNumber(published::ProductKey, "ShowDesktopName", 0);
+    WriteNumber(published::ProductKey, "TrayIcon", 0);
     WriteText(DesktopKey(1), nullptr, "One");
     WriteText(DesktopKey(2), nullptr, "Two");
     folder = BinFolder();
