@@ -9,6 +9,9 @@
 #include "loader/tray_icon.h"
 #include "process/protocol.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace halyard::loader {
 
 namespace {
@@ -39,31 +42,63 @@ void RestoreAll() noexcept {
     if (enabled) boundLibrary->enable();
 }
 
-std::string GuardText() {
-    return guard.Id() ? "guard: " + std::to_string(guard.Id()) + "\n" : "guard: none\n";
+bool HasDesktop(unsigned wanted) noexcept {
+    char name[261] = {};
+    unsigned id = 0;
+    for (unsigned index = 0; boundLibrary->getDesktop(index, name, sizeof(name), &id); ++index)
+        if (id == wanted) return true;
+    return false;
 }
 
-std::string Carry(const Command& command) {
+void RestartSettings() noexcept {
+    SendMessageA(boundLibrary->getServerHwnd(), HM_RESTART, boundLibrary->isEnabled() ? 1 : 0, 0);
+}
+
+Answer Failure(std::string text) {
+    return {std::move(text), true};
+}
+
+Answer Switch(unsigned id) {
+    if (!HasDesktop(id)) return Failure("Halyard has no desktop " + std::to_string(id) + "\n");
+    if (!boundLibrary->setActiveDesktop(id)) return Failure("Halyard is turned off: no switch\n");
+    return {};
+}
+
+Answer Config(unsigned page) {
+    constexpr unsigned Pages = 4;
+    if (page >= Pages) return Failure("The settings have no page " + std::to_string(page) + " (0 to 3)\n");
+    boundLibrary->doConfigDlg(static_cast<int>(page));
+    return {};
+}
+
+Answer Carry(const Command& command) {
     switch (command.action) {
-    case Action::Status: return StatusText(*boundLibrary) + GuardText();
+    case Action::Status: return {StatusText(*boundLibrary, guard.Id()), false};
+    case Action::Json: return {StatusJson(*boundLibrary, guard.Id()), false};
     case Action::Enable: boundLibrary->enable(); break;
     case Action::Disable: boundLibrary->disable(); break;
-    case Action::Switch:
-        if (!boundLibrary->setActiveDesktop(command.argument)) return "Halyard is turned off: no switch\n";
-        break;
-    case Action::Config: boundLibrary->doConfigDlg(static_cast<int>(command.argument)); break;
+    case Action::Switch: return Switch(command.argument);
+    case Action::Config: return Config(command.argument);
     case Action::Restore: RestoreAll(); break;
+    case Action::RestartSettings: RestartSettings(); break;
     case Action::NoGuard: break;
     case Action::Quit: PostMessageA(residentWindow, WM_CLOSE, 0, 0); break;
     }
     return {};
 }
 
-std::string CarryAll(const Command* commands, std::size_t count) {
-    std::string text;
-    for (std::size_t index = 0; index < count; ++index)
-        text += Carry(commands[index]);
-    return text;
+Answer CarryAll(const Command* commands, std::size_t count) {
+    const bool json =
+        std::any_of(commands, commands + count, [](const Command& one) { return one.action == Action::Json; });
+    Answer all;
+    for (std::size_t index = 0; index < count; ++index) {
+        // With --json the status is told as that, and once.
+        if (json && commands[index].action == Action::Status) continue;
+        const Answer answer = Carry(commands[index]);
+        all.text += answer.text;
+        all.failed = all.failed || answer.failed;
+    }
+    return all;
 }
 
 LRESULT OnCopyData(const COPYDATASTRUCT* data) {
@@ -165,7 +200,7 @@ int RunResident(const Library& library, const CommandLine& line) {
     taskbarCreated = RegisterWindowMessageA("TaskbarCreated");
     trayIcon.Show(residentWindow, library);
     SetConsoleCtrlHandler(OnConsoleEvent, TRUE);
-    Print(CarryAll(line.commands, line.count));
+    Print(CarryAll(line.commands, line.count).text);
     if (!line.Has(Action::NoGuard)) guard.Start();
     PumpMessages();
     EndServer();
