@@ -102,18 +102,6 @@ void OnContextMenu(SecondaryTaskbar& bar, POINT point) noexcept {
         ShowTaskbarMenu(bar);
 }
 
-void OnDisplayChange(SecondaryTaskbar& bar) noexcept {
-    MONITORINFO info = {};
-    info.cbSize = sizeof(info);
-    if (!profile.getMonitorInfo(bar.display, &info)) {
-        DestroyTaskbar(bar);
-        return;
-    }
-    if (SameRect(info.rcMonitor, bar.displayRect)) return;
-    bar.displayRect = info.rcMonitor;
-    ApplyTaskbarRect(bar, true, true);
-}
-
 LRESULT OnNcCalcSize(const SecondaryTaskbar& bar, WPARAM wParam, LPARAM lParam) noexcept {
     const LRESULT result = wParam ? DefWindowProcA(bar.window, WM_NCCALCSIZE, wParam, lParam) : 0;
     auto& rect = *reinterpret_cast<RECT*>(lParam);
@@ -160,7 +148,6 @@ bool HandleMessage(SecondaryTaskbar& bar, UINT message, WPARAM wParam, LPARAM lP
     case WM_NOTIFYFORMAT: result = profile.isNtFamily ? NFR_UNICODE : NFR_ANSI; return true;
     case WM_CLOSE: return true;  // a bar ends by its menu
     case WM_CONTEXTMENU: OnContextMenu(bar, PointOf(lParam)); return true;
-    case WM_DISPLAYCHANGE: OnDisplayChange(bar); return true;
     case WM_ERASEBKGND: result = OnEraseBackground(bar, reinterpret_cast<HDC>(wParam)); return true;
     case WM_NCCALCSIZE:
         if (!HasSizingStrip(bar)) return false;

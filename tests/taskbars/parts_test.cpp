@@ -108,7 +108,7 @@ TEST_F(BarsTest, GoWithTheirDisplaysAndAreFreedOnce) {
     SecondaryTaskbar* gone = &TaskbarAt(0);
     HWND window = gone->window;
     displays.erase(displays.begin() + 2);
-    SendMessageA(window, WM_DISPLAYCHANGE, 0, 0);
+    SyncDisplays();
     ASSERT_EQ(Bars(), "DISPLAY1=1 ");
     EXPECT_FALSE(IsWindow(window));
     test::PumpAll();
