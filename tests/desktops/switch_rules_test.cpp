@@ -151,6 +151,14 @@ TEST(ChooseFront, TakesTheRememberedOneOrTheNext) {
             << order << " with " << remembered;
 }
 
+TEST(DesktopIdOfKey, TakesPlainNumbersOnly) {
+    constexpr std::pair<const char*, unsigned> Cases[] = {
+        {"1", 1},  {"12", 12}, {"1073741823", 1073741823}, {"1073741824", 0}, {"0", 0},
+        {"07", 0}, {"1x", 0},  {"99999999999", 0}};
+    for (const auto& [name, id] : Cases)
+        EXPECT_EQ(DesktopIdOfKey(name), id) << name;
+}
+
 TEST(Neighbour, GoesRoundBothEnds) {
     constexpr unsigned Cases[][4] = {{0, 1, 0, 0}, {0, 2, 1, 1}, {0, 3, 1, 2}, {1, 3, 2, 0}, {2, 3, 0, 1}};
     for (const auto& [position, count, after, before] : Cases) {
