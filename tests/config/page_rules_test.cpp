@@ -37,6 +37,8 @@ TEST(PageRules, TheHooksAndTheUserDecideWhatIsLive) {
     EXPECT_TRUE(!out.multiDesk && !out.list && !out.add);
     const DesktopsPageEnables off = EnablesOfDesktopsPage({true, true}, false);
     EXPECT_TRUE(off.multiDesk && !off.list && !off.add);
+    EXPECT_EQ(MaximiseOfChecks({false, true}), 0u) << "as it is stored";
+    EXPECT_FALSE(ChecksOfMaximise(0).across);
     EXPECT_EQ(ActionColumnWidth(300, 1033), 198);
     EXPECT_EQ(ActionColumnWidth(300, 1040), 165) << "Italian";
 }

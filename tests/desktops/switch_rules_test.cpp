@@ -117,6 +117,13 @@ TEST(DesktopOf, ModalDialogsGoWithTheirOwners) {
     }
 }
 
+TEST(DesktopOf, EndsWhereOwnersSeemToFormARing) {
+    SeenRow windows;
+    windows.Add({.key = 'A', .owner = 'B', .recorded = NoDesktop});
+    windows.Add({.key = 'B', .owner = 'A', .recorded = NoDesktop});
+    EXPECT_EQ(NoDesktop, DesktopOf(windows, windows[0]));
+}
+
 TEST(DecideChange, GoesByTheDesktopAndByWhatWasAskedLast) {
     using enum WindowChange;
     struct Case {
