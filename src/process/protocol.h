@@ -52,7 +52,7 @@ enum ServerTimer : UINT {
 };
 inline constexpr UINT PurgePeriod = 30000;      // ms
 inline constexpr UINT KeyboardPeriod = 150;     // ms that the platform gets to choose a window by itself
-inline constexpr UINT DisplaysPeriod = 200;     // ms
+inline constexpr UINT DisplaysPeriod = 600;     // ms
 inline constexpr UINT FindCursorPeriod = 50;    // ms
 inline constexpr UINT BroadcastTimeout = 2000;  // ms that a hung program can hold a broadcast up
 

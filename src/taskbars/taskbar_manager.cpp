@@ -71,7 +71,6 @@ void FillTaskbar(SecondaryTaskbar& bar, const Row<HWND>& windows) noexcept {
 
 void SyncDisplays() noexcept {
     if (!settings.TaskbarsEnable()) return;
-    RefreshDisplays();
     const DisplaySet set = CurrentDisplays();
     DropBars(set);
     for (unsigned number = 1; number <= set.count; ++number)
