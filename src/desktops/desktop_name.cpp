@@ -115,6 +115,7 @@ void MakeSign(const DisplaySet::Display& display) noexcept {
 void ShowDesktopName(const char* name) noexcept {
     HideDesktopName();
     sign.text = name;
+    RefreshDisplays();
     const DisplaySet set = CurrentDisplays();
     for (unsigned index = 0; index < set.count; ++index)
         MakeSign(set.displays[index]);

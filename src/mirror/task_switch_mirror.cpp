@@ -68,6 +68,7 @@ void MakeMirror(const RECT& display) noexcept {
 
 // The real window is on the primary display.
 void MakeMirrors() noexcept {
+    RefreshDisplays();
     const DisplaySet set = CurrentDisplays();
     for (unsigned number = 1; number <= set.count; ++number)
         if (const auto& display = *set.Numbered(number); !display.isPrimary) MakeMirror(display.bounds);

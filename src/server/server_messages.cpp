@@ -141,9 +141,11 @@ void OnKeyboardTimer(HWND window) noexcept {
 
 void OnDisplaysTimer(HWND window) noexcept {
     KillTimer(window, DisplaysTimer);
+    // Others ask when they need to know.
+    if (!settings.Run() || !settings.TaskbarsEnable()) return;
     RefreshDisplays();
     AddDisplayHotkeys();
-    if (settings.Run()) SyncDisplays();
+    SyncDisplays();
 }
 
 // True: the message ends here.
