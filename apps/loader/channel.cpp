@@ -13,13 +13,15 @@ namespace {
 constexpr DWORD AnswerTimeout = 20000;  // ms
 constexpr DWORD ReplyTimeout = 2000;    // ms
 
-std::string* waitingAnswer = nullptr;
+Answer* waitingAnswer = nullptr;
 
 LRESULT CALLBACK ReplyWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message != WM_COPYDATA) return DefWindowProcA(window, message, wParam, lParam);
     const auto* data = reinterpret_cast<const COPYDATASTRUCT*>(lParam);
-    if (!data || data->dwData != ReplyTag || !waitingAnswer) return FALSE;
-    waitingAnswer->assign(static_cast<const char*>(data->lpData), data->cbData);
+    if (!data || data->dwData != ReplyTag || data->cbData == 0 || !waitingAnswer) return FALSE;
+    const auto* bytes = static_cast<const char*>(data->lpData);
+    waitingAnswer->failed = bytes[0] != 0;
+    waitingAnswer->text.assign(bytes + 1, data->cbData - 1);
     return TRUE;
 }
 
@@ -40,7 +42,7 @@ void AllowForeground(HWND window) noexcept {
 
 }  // namespace
 
-bool SendCommands(HWND resident, const CommandLine& line, std::string& answer) {
+bool SendCommands(HWND resident, const CommandLine& line, Answer& answer) {
     HWND reply = MakeReplyWindow();
     Request request = {};
     request.replyWindow = static_cast<DWORD>(reinterpret_cast<ULONG_PTR>(reply));
@@ -63,8 +65,10 @@ bool ReadRequest(const COPYDATASTRUCT& data, Request& request) noexcept {
     return request.count <= MaxCommands;
 }
 
-void SendReply(const Request& request, const std::string& text) {
-    COPYDATASTRUCT data = {ReplyTag, static_cast<DWORD>(text.size()), const_cast<char*>(text.data())};
+void SendReply(const Request& request, const Answer& answer) {
+    std::string bytes(1, answer.failed ? '\1' : '\0');
+    bytes += answer.text;
+    COPYDATASTRUCT data = {ReplyTag, static_cast<DWORD>(bytes.size()), bytes.data()};
     HWND reply = reinterpret_cast<HWND>(static_cast<LONG_PTR>(static_cast<LONG>(request.replyWindow)));
     DWORD_PTR result = 0;
     SendMessageTimeoutA(reply, WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&data), SMTO_ABORTIFHUNG, ReplyTimeout,

@@ -16,18 +16,24 @@ inline constexpr ULONG_PTR RequestTag = 0x484C5952;
 inline constexpr ULONG_PTR ReplyTag = 0x484C5953;
 
 struct Request {
-    DWORD replyWindow;  // takes the text of the answer, a WM_COPYDATA with `ReplyTag`
+    DWORD replyWindow;  // takes the answer, a WM_COPYDATA with `ReplyTag`: 1 byte, not 0 for a failure, then the text
     DWORD count;
     Command commands[MaxCommands];
 };
 
-// Hands the commands over and puts the answer's text into `answer`. False when the resident doesn't answer in 20 s.
-bool SendCommands(HWND resident, const CommandLine& line, std::string& answer);
+// What commands have brought about.
+struct Answer {
+    std::string text;
+    bool failed = false;  // one of them at least
+};
+
+// Hands the commands over and fills `answer`. False when the resident doesn't answer in 20 s.
+bool SendCommands(HWND resident, const CommandLine& line, Answer& answer);
 
 // Reads a request; false for anything that isn't one.
 bool ReadRequest(const COPYDATASTRUCT& data, Request& request) noexcept;
 
 // Sends the text back; a client that has gone, or hangs, is left alone after 2 s.
-void SendReply(const Request& request, const std::string& text);
+void SendReply(const Request& request, const Answer& answer);
 
 }  // namespace halyard::loader

@@ -20,6 +20,7 @@ constexpr Switch Switches[] = {
     {"--status", Action::Status, Operand::None},     {"--enable", Action::Enable, Operand::None},
     {"--disable", Action::Disable, Operand::None},   {"--switch", Action::Switch, Operand::Required},
     {"--config", Action::Config, Operand::Optional}, {"--quit", Action::Quit, Operand::None},
+    {"--json", Action::Json, Operand::None},         {"--restart-settings", Action::RestartSettings, Operand::None},
     {"--restore", Action::Restore, Operand::None},   {"--no-guard", Action::NoGuard, Operand::None},
 };
 

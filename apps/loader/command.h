@@ -5,7 +5,7 @@
 
 namespace halyard::loader {
 
-enum class Action { Status, Enable, Disable, Switch, Config, Restore, NoGuard, Quit };
+enum class Action { Status, Enable, Disable, Switch, Config, Restore, RestartSettings, Json, NoGuard, Quit };
 
 struct Command {
     Action action;
@@ -29,13 +29,21 @@ CommandLine ParseCommandLine(int count, const char* const* arguments) noexcept;
 inline constexpr char UsageText[] =
     "usage: tvlhload [switch ...]\n"
     "Without a switch: starts Halyard and stays resident. With Halyard running, hands the switches to it.\n"
-    "  --status         what is on, the current desktop, the desktops and how many windows each has\n"
-    "  --enable         turns the system on\n"
-    "  --disable        turns it off; every window comes back\n"
-    "  --switch ID      makes the desktop with that number current\n"
-    "  --config [PAGE]  opens the settings, on a page counted from 0\n"
-    "  --restore        shows every window that Halyard has hidden, also when Halyard doesn't run or answer\n"
-    "  --no-guard       starts Halyard without the second process that cleans up after a killed one\n"
-    "  --quit           ends Halyard\n";
+    "  --status            what is on, the desktops and their windows, the guard, programs inside, what failed\n"
+    "  --json              the same as JSON\n"
+    "  --enable            turns the system on\n"
+    "  --disable           turns it off; every window comes back\n"
+    "  --switch ID         makes the desktop with that number current\n"
+    "  --config [PAGE]     opens the settings, on a page counted from 0\n"
+    "  --restore           shows every window that Halyard has hidden, also when Halyard doesn't run or answer\n"
+    "  --restart-settings  has Halyard and all programs read the registry anew\n"
+    "  --no-guard          starts Halyard without the second process that cleans up after a killed one\n"
+    "  --quit              ends Halyard\n"
+    "One of these alone:\n"
+    "  --help              this text\n"
+    "  --exclude PROGRAM   keeps Halyard out of the program with that path\n"
+    "  --include PROGRAM   takes that back\n"
+    "  --excluded          lists the programs that Halyard keeps out of\n"
+    "  --autostart on|off  whether Halyard starts when you log on\n";
 
 }  // namespace halyard::loader

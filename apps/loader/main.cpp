@@ -4,6 +4,7 @@
 #include "loader/guard.h"
 #include "loader/library.h"
 #include "loader/output.h"
+#include "loader/own_commands.h"
 #include "loader/resident.h"
 
 #include <cstdlib>
@@ -20,7 +21,8 @@ constexpr DWORD PollPeriod = 50;       // ms
 
 // Asking and ending make sense only of an instance that runs.
 bool NeedsRunning(const CommandLine& line) noexcept {
-    return line.Has(Action::Status) || line.Has(Action::Quit) || line.Has(Action::Restore);
+    return line.Has(Action::Status) || line.Has(Action::Json) || line.Has(Action::RestartSettings) ||
+           line.Has(Action::Quit) || line.Has(Action::Restore);
 }
 
 // The resident instance owns the mutex. That it merely exists says little: an instance that is about to hand its
@@ -51,6 +53,8 @@ int RestoreByHand() noexcept {
 int Run(int count, char** arguments) {
     if (count == 3 && std::strcmp(arguments[1], "--guard") == 0)
         return RunGuard(std::strtoul(arguments[2], nullptr, 10));
+    int status = Done;
+    if (RunOwnCommand(count, arguments, status)) return status;
     const CommandLine line = ParseCommandLine(count - 1, arguments + 1);
     if (!line.good) {
         PrintError(UsageText);
@@ -67,11 +71,11 @@ int Run(int count, char** arguments) {
             return Failed;
         }
         if (!needsRunning && BecomeResident(mutex)) return Reside(line);
-        std::string answer;
+        Answer answer;
         HWND resident = FindWindowA(ResidentClass, nullptr);
         if (resident && SendCommands(resident, line, answer)) {
-            Print(answer);
-            return Done;
+            Print(answer.text);
+            return answer.failed ? Failed : Done;
         }
         Sleep(PollPeriod);
     } while (GetTickCount() - start < StartTimeout);

@@ -6,7 +6,11 @@
 #include "loader/guard.h"
 #include "loader/output.h"
 #include "loader/status.h"
+#include "loader/tray_icon.h"
 #include "process/protocol.h"
+
+#include <algorithm>
+#include <utility>
 
 namespace halyard::loader {
 
@@ -18,12 +22,15 @@ HWND residentWindow = nullptr;
 HANDLE endedEvent = nullptr;
 bool serverRunning = false;
 Guard guard;
+TrayIcon trayIcon;
+UINT taskbarCreated = 0;
 
 constexpr DWORD EndTimeout = 5000;  // ms that the console's close waits for the server's end
 
 void EndServer() noexcept {
     if (!serverRunning) return;
     serverRunning = false;
+    trayIcon.Remove();
     boundLibrary->serverUninit();
     guard.SayGoodbye();
 }
@@ -35,31 +42,63 @@ void RestoreAll() noexcept {
     if (enabled) boundLibrary->enable();
 }
 
-std::string GuardText() {
-    return guard.Id() ? "guard: " + std::to_string(guard.Id()) + "\n" : "guard: none\n";
+bool HasDesktop(unsigned wanted) noexcept {
+    char name[261] = {};
+    unsigned id = 0;
+    for (unsigned index = 0; boundLibrary->getDesktop(index, name, sizeof(name), &id); ++index)
+        if (id == wanted) return true;
+    return false;
 }
 
-std::string Carry(const Command& command) {
+void RestartSettings() noexcept {
+    SendMessageA(boundLibrary->getServerHwnd(), HM_RESTART, boundLibrary->isEnabled() ? 1 : 0, 0);
+}
+
+Answer Failure(std::string text) {
+    return {std::move(text), true};
+}
+
+Answer Switch(unsigned id) {
+    if (!HasDesktop(id)) return Failure("Halyard has no desktop " + std::to_string(id) + "\n");
+    if (!boundLibrary->setActiveDesktop(id)) return Failure("Halyard is turned off: no switch\n");
+    return {};
+}
+
+Answer Config(unsigned page) {
+    constexpr unsigned Pages = 4;
+    if (page >= Pages) return Failure("The settings have no page " + std::to_string(page) + " (0 to 3)\n");
+    boundLibrary->doConfigDlg(static_cast<int>(page));
+    return {};
+}
+
+Answer Carry(const Command& command) {
     switch (command.action) {
-    case Action::Status: return StatusText(*boundLibrary) + GuardText();
+    case Action::Status: return {StatusText(*boundLibrary, guard.Id()), false};
+    case Action::Json: return {StatusJson(*boundLibrary, guard.Id()), false};
     case Action::Enable: boundLibrary->enable(); break;
     case Action::Disable: boundLibrary->disable(); break;
-    case Action::Switch:
-        if (!boundLibrary->setActiveDesktop(command.argument)) return "Halyard is turned off: no switch\n";
-        break;
-    case Action::Config: boundLibrary->doConfigDlg(static_cast<int>(command.argument)); break;
+    case Action::Switch: return Switch(command.argument);
+    case Action::Config: return Config(command.argument);
     case Action::Restore: RestoreAll(); break;
+    case Action::RestartSettings: RestartSettings(); break;
     case Action::NoGuard: break;
     case Action::Quit: PostMessageA(residentWindow, WM_CLOSE, 0, 0); break;
     }
     return {};
 }
 
-std::string CarryAll(const Command* commands, std::size_t count) {
-    std::string text;
-    for (std::size_t index = 0; index < count; ++index)
-        text += Carry(commands[index]);
-    return text;
+Answer CarryAll(const Command* commands, std::size_t count) {
+    const bool json =
+        std::any_of(commands, commands + count, [](const Command& one) { return one.action == Action::Json; });
+    Answer all;
+    for (std::size_t index = 0; index < count; ++index) {
+        // With --json the status is told as that, and once.
+        if (json && commands[index].action == Action::Status) continue;
+        const Answer answer = Carry(commands[index]);
+        all.text += answer.text;
+        all.failed = all.failed || answer.failed;
+    }
+    return all;
 }
 
 LRESULT OnCopyData(const COPYDATASTRUCT* data) {
@@ -81,8 +120,23 @@ LRESULT OnDestroy() noexcept {
     return 0;
 }
 
+LRESULT OnTray(HWND window, LPARAM event) noexcept {
+    const TrayRequest request = trayIcon.OnCallback(event);
+    if (request == TrayRequest::RestoreAll) RestoreAll();
+    if (request == TrayRequest::Quit) PostMessageA(window, WM_CLOSE, 0, 0);
+    return 0;
+}
+
+LRESULT OnTimer(WPARAM timer) noexcept {
+    if (timer == TrayIcon::UpdateTimer && serverRunning) trayIcon.Update();
+    return 0;
+}
+
 LRESULT CALLBACK ResidentWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (taskbarCreated && message == taskbarCreated) trayIcon.OnShellCame();
     switch (message) {
+    case TrayIcon::CallbackMessage: return OnTray(window, lParam);
+    case WM_TIMER: return OnTimer(wParam);
     case WM_COPYDATA: return OnCopyData(reinterpret_cast<const COPYDATASTRUCT*>(lParam));
     case WM_ENDSESSION: return OnEndSession(wParam != 0);
     case WM_DESTROY: return OnDestroy();
@@ -117,7 +171,9 @@ void PumpMessages() noexcept {
         }
         const HANDLE guardEnds = guard.Process();
         const DWORD handles = guardEnds ? 1 : 0;
-        const DWORD outcome = MsgWaitForMultipleObjects(handles, &guardEnds, FALSE, INFINITE, QS_ALLINPUT);
+        // Also for messages that have been in the queue before: one may come while the last look sees none.
+        const DWORD outcome =
+            MsgWaitForMultipleObjectsEx(handles, &guardEnds, INFINITE, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
         if (handles && outcome == WAIT_OBJECT_0) guard.Replace();
     }
 }
@@ -141,8 +197,10 @@ int RunResident(const Library& library, const CommandLine& line) {
         EndServer();
         return 1;
     }
+    taskbarCreated = RegisterWindowMessageA("TaskbarCreated");
+    trayIcon.Show(residentWindow, library);
     SetConsoleCtrlHandler(OnConsoleEvent, TRUE);
-    Print(CarryAll(line.commands, line.count));
+    Print(CarryAll(line.commands, line.count).text);
     if (!line.Has(Action::NoGuard)) guard.Start();
     PumpMessages();
     EndServer();

@@ -1,6 +1,11 @@
 #include "loader/status.h"
 
+#include "common/handles.h"
+#include "loader/excluded.h"
 #include "process/protocol.h"
+
+#include <tlhelp32.h>
+#include <vector>
 
 namespace halyard::loader {
 
@@ -8,41 +13,152 @@ namespace {
 
 constexpr unsigned NameRoom = 261;
 
-std::string WindowCount(HWND server, DesktopId id) {
-    const auto count = SendMessageA(server, HM_COUNT_WINDOWS, 0, static_cast<LPARAM>(static_cast<int>(id)));
-    return std::to_string(static_cast<unsigned>(count)) + (count == 1 ? " window\n" : " windows\n");
+struct DesktopStatus {
+    unsigned id;
+    std::string name;
+    unsigned windows;
+};
+
+struct Status {
+    bool enabled;
+    bool hooked;
+    unsigned current;
+    std::vector<DesktopStatus> desktops;
+    unsigned everywhere;  // windows on all desktops
+    DWORD guard;
+    std::vector<std::string> failures;  // since the start, the last first
+    std::vector<std::string> inside;    // programs with the library in them
+    std::vector<std::string> excluded;
+};
+
+unsigned WindowsOn(HWND server, DesktopId id) noexcept {
+    return static_cast<unsigned>(SendMessageA(server, HM_COUNT_WINDOWS, 0, static_cast<LPARAM>(static_cast<int>(id))));
 }
 
-// What went wrong since the start, the last first. Nothing where nothing did.
-std::string Failures(HWND server) {
-    std::string text;
+std::vector<std::string> Failures(HWND server) {
+    std::vector<std::string> failures;
     char line[256];
     for (WPARAM index = 0;; ++index) {
         const auto atom = static_cast<ATOM>(SendMessageA(server, HM_READ_FAILURE, index, 0));
-        if (!atom) return text;
-        if (GlobalGetAtomNameA(atom, line, sizeof(line))) text += std::string("couldn't be had: ") + line + "\n";
+        if (!atom) return failures;
+        if (GlobalGetAtomNameA(atom, line, sizeof(line))) failures.emplace_back(line);
         GlobalDeleteAtom(atom);
     }
 }
 
-}  // namespace
+bool HasLibrary(DWORD process) noexcept {
+    const HANDLE found = CreateToolhelp32Snapshot(TH32CS_SNAPMODULE, process);
+    if (found == INVALID_HANDLE_VALUE) return false;
+    const KernelHandle snapshot(found);
+    MODULEENTRY32 module = {};
+    module.dwSize = sizeof(module);
+    for (BOOL more = Module32First(found, &module); more; more = Module32Next(found, &module))
+        if (lstrcmpiA(module.szModule, "tvlHalyd.dll") == 0) return true;
+    return false;
+}
 
-std::string StatusText(const Library& library) {
+// Those of this program's bitness, and without those that the system guards from this user.
+std::vector<std::string> ProgramsInside() {
+    std::vector<std::string> programs;
+    const HANDLE found = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
+    if (found == INVALID_HANDLE_VALUE) return programs;
+    const KernelHandle snapshot(found);
+    PROCESSENTRY32 process = {};
+    process.dwSize = sizeof(process);
+    for (BOOL more = Process32First(found, &process); more; more = Process32Next(found, &process))
+        if (process.th32ProcessID != GetCurrentProcessId() && HasLibrary(process.th32ProcessID))
+            programs.push_back(std::string(process.szExeFile) + " (" + std::to_string(process.th32ProcessID) + ")");
+    return programs;
+}
+
+Status Ask(const Library& library, DWORD guard) {
     const HWND server = library.getServerHwnd();
-    unsigned current = 0;
-    library.getCurrentDesktopId(&current);
+    Status status = {};
+    library.getCurrentDesktopId(&status.current);
+    status.enabled = library.isEnabled() != 0;
     // The current desktop again is no switch; the answer tells whether the hooks are in.
-    const bool hooked = library.setActiveDesktop(current) != 0;
-
-    std::string text = library.isEnabled() ? "enabled: yes\n" : "enabled: no\n";
-    text += hooked ? "hooks: in\n" : "hooks: out\n";
-    text += "current desktop: " + std::to_string(current) + "\n";
+    status.hooked = library.setActiveDesktop(status.current) != 0;
     char name[NameRoom] = {};
     unsigned id = 0;
     for (unsigned index = 0; library.getDesktop(index, name, sizeof(name), &id); ++index)
-        text += "desktop " + std::to_string(id) + ": \"" + name + "\", " + WindowCount(server, id);
-    text += "all desktops: " + WindowCount(server, AllDesktopsId);
-    return text + Failures(server);
+        status.desktops.push_back({id, name, WindowsOn(server, id)});
+    status.everywhere = WindowsOn(server, AllDesktopsId);
+    status.guard = guard;
+    status.failures = Failures(server);
+    status.inside = ProgramsInside();
+    status.excluded = ExcludedPrograms();
+    return status;
+}
+
+std::string CountText(unsigned count) {
+    return std::to_string(count) + (count == 1 ? " window\n" : " windows\n");
+}
+
+void AppendHex(std::string& json, unsigned value) {
+    constexpr char Digits[] = "0123456789abcdef";
+    json += "\\u";
+    for (int shift = 12; shift >= 0; shift -= 4)
+        json += Digits[value >> shift & 15];
+}
+
+// A text of the ANSI code page as a JSON string, which is all ASCII.
+std::string Quoted(const std::string& text) {
+    std::vector<wchar_t> wide(text.size() + 1);
+    const int length = MultiByteToWideChar(CP_ACP, 0, text.data(), static_cast<int>(text.size()), wide.data(),
+                                           static_cast<int>(wide.size()));
+    std::string json = "\"";
+    for (int index = 0; index < length; ++index) {
+        const unsigned value = wide[static_cast<std::size_t>(index)];
+        if (value < 0x20 || value > 0x7E || value == '"' || value == '\\')
+            AppendHex(json, value);
+        else
+            json += static_cast<char>(value);
+    }
+    return json + "\"";
+}
+
+std::string List(const std::vector<std::string>& texts) {
+    std::string json = "[";
+    for (const std::string& text : texts)
+        json += (json.size() > 1 ? ", " : "") + Quoted(text);
+    return json + "]";
+}
+
+const char* Bool(bool value) {
+    return value ? "true" : "false";
+}
+
+}  // namespace
+
+std::string StatusText(const Library& library, DWORD guard) {
+    const Status status = Ask(library, guard);
+    std::string text = status.enabled ? "enabled: yes\n" : "enabled: no\n";
+    text += status.hooked ? "hooks: in\n" : "hooks: out\n";
+    text += "current desktop: " + std::to_string(status.current) + "\n";
+    for (const DesktopStatus& desktop : status.desktops)
+        text += "desktop " + std::to_string(desktop.id) + ": \"" + desktop.name + "\", " + CountText(desktop.windows);
+    text += "all desktops: " + CountText(status.everywhere);
+    text += "guard: " + (status.guard ? std::to_string(status.guard) : "none") + "\n";
+    for (const std::string& program : status.inside)
+        text += "inside: " + program + "\n";
+    for (const std::string& program : status.excluded)
+        text += "excluded: " + program + "\n";
+    for (const std::string& failure : status.failures)
+        text += "couldn't be had: " + failure + "\n";
+    return text;
+}
+
+std::string StatusJson(const Library& library, DWORD guard) {
+    const Status status = Ask(library, guard);
+    std::string desktops;
+    for (const DesktopStatus& desktop : status.desktops)
+        desktops += (desktops.empty() ? "" : ", ") + ("{\"id\": " + std::to_string(desktop.id)) +
+                    ", \"name\": " + Quoted(desktop.name) + ", \"windows\": " + std::to_string(desktop.windows) + "}";
+    return std::string("{\"enabled\": ") + Bool(status.enabled) + ", \"hooks\": " + Bool(status.hooked) +
+           ", \"currentDesktop\": " + std::to_string(status.current) + ", \"desktops\": [" + desktops +
+           "], \"allDesktops\": " + std::to_string(status.everywhere) + ", \"guard\": " + std::to_string(status.guard) +
+           ", \"inside\": " + List(status.inside) + ", \"excluded\": " + List(status.excluded) +
+           ", \"failures\": " + List(status.failures) + "}\n";
 }
 
 }  // namespace halyard::loader

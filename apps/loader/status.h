@@ -1,4 +1,4 @@
-// The text that --status prints.
+// What the loader tells of the system, as text or as JSON.
 #pragma once
 
 #include "loader/library.h"
@@ -7,7 +7,8 @@
 
 namespace halyard::loader {
 
-// On the server's thread. One fact a line, for people and scripts.
-std::string StatusText(const Library& library);
+// On the server's thread. `guard` is the process id of the guard, 0 without one.
+std::string StatusText(const Library& library, DWORD guard);
+std::string StatusJson(const Library& library, DWORD guard);
 
 }  // namespace halyard::loader

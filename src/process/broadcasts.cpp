@@ -4,12 +4,12 @@
 
 namespace halyard {
 
-void WakeAllThreads() noexcept {
-    DWORD_PTR answer = 0;
-    SendMessageTimeoutA(HWND_BROADCAST, WM_NULL, 0, 0, SMTO_BLOCK | SMTO_ABORTIFHUNG, BroadcastTimeout, &answer);
-}
-
 namespace {
+
+BOOL CALLBACK Wake(HWND window, LPARAM) {
+    SendNotifyMessageA(window, WM_NULL, 0, 0);
+    return TRUE;
+}
 
 // Two broadcasts may come within one tick of the clock, so the clock gives the first number only.
 volatile LONG broadcastNumber = static_cast<LONG>(GetTickCount());
@@ -36,6 +36,11 @@ BOOL CALLBACK AwaitAnswer(HWND window, LPARAM deadline) {
 }
 
 }  // namespace
+
+// A broadcast that waits would wait for each window of a program that doesn't answer.
+void WakeAllThreads() noexcept {
+    EnumWindows(Wake, 0);
+}
 
 void BroadcastStart() noexcept {
     WakeAllThreads();

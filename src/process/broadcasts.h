@@ -6,7 +6,7 @@
 namespace halyard {
 
 // Makes every GUI thread pass through its message loop once, which is where the system maps a hook library into a
-// process or lets it go. A hung program holds the caller up for 2000 ms at most.
+// process or lets it go. Waits for none of them.
 void WakeAllThreads() noexcept;
 
 // The hooks have just been installed: every window classifies itself and reports, and every program reads the registry,

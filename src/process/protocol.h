@@ -47,10 +47,12 @@ inline constexpr DWORD NotInTray = static_cast<DWORD>(-1);  // the answer when t
 enum ServerTimer : UINT {
     PurgeTimer = 1,        // every 30 s: drops dead windows from the map, and brings the others in line
     KeyboardTimer = 2,     // once, after a window has gone: some window must have the keyboard
+    DisplaysTimer = 3,     // once, after displays have changed
     FindCursorTimer = 21,  // every 50 ms while the find-cursor animation runs
 };
 inline constexpr UINT PurgePeriod = 30000;      // ms
 inline constexpr UINT KeyboardPeriod = 150;     // ms that the platform gets to choose a window by itself
+inline constexpr UINT DisplaysPeriod = 600;     // ms
 inline constexpr UINT FindCursorPeriod = 50;    // ms
 inline constexpr UINT BroadcastTimeout = 2000;  // ms that a hung program can hold a broadcast up
 

@@ -139,10 +139,20 @@ void OnKeyboardTimer(HWND window) noexcept {
     CheckKeyboard();
 }
 
+void OnDisplaysTimer(HWND window) noexcept {
+    KillTimer(window, DisplaysTimer);
+    // Others ask when they need to know.
+    if (!settings.Run() || !settings.TaskbarsEnable()) return;
+    RefreshDisplays();
+    AddDisplayHotkeys();
+    SyncDisplays();
+}
+
 // True: the message ends here.
 bool OnTimer(HWND window, WPARAM timer) noexcept {
     if (timer == PurgeTimer) OnPurge();
     if (timer == KeyboardTimer) OnKeyboardTimer(window);
+    if (timer == DisplaysTimer) OnDisplaysTimer(window);
     if (timer != FindCursorTimer) return false;
     if (!StepFindCursor()) KillTimer(window, FindCursorTimer);
     return true;
@@ -151,12 +161,6 @@ bool OnTimer(HWND window, WPARAM timer) noexcept {
 void OnEndSession(bool ending) noexcept {
     CallOffSessionEnd();
     if (ending) Activate(DefaultDesktopId);
-}
-
-void OnDisplayChange() noexcept {
-    RefreshDisplays();
-    AddDisplayHotkeys();
-    if (settings.Run()) SyncDisplays();
 }
 
 }  // namespace
@@ -187,7 +191,8 @@ LRESULT CALLBACK ServerWndProc(HWND window, UINT message, WPARAM wParam, LPARAM 
     case WM_CLOSE: return 0;
     case WM_QUERYENDSESSION: ShowWindowsForSessionEnd(); break;
     case WM_ENDSESSION: OnEndSession(wParam != 0); break;
-    case WM_DISPLAYCHANGE: OnDisplayChange(); break;
+    // Not at once: on Wine, whoever tells of the change may be what a question about displays waits for.
+    case WM_DISPLAYCHANGE: SetTimer(window, DisplaysTimer, DisplaysPeriod, nullptr); break;
     case WM_TIMER:
         if (OnTimer(window, wParam)) return 0;
         break;

@@ -32,9 +32,13 @@ void OnButtonClick(SecondaryTaskbar& bar, const TaskButton* button) noexcept {
     } else if (wasActive) {
         SendCommand(window, SC_MINIMIZE);
     } else {
-        if (IsIconic(window)) SendCommand(window, SC_RESTORE);
-        SetForegroundWindow(window);
+        BringTaskToFront(window);
     }
+}
+
+void BringTaskToFront(HWND window) noexcept {
+    if (IsIconic(window)) SendCommand(window, SC_RESTORE);
+    SetForegroundWindow(window);
 }
 
 void OnButtonMenu(const SecondaryTaskbar& bar, int entry, POINT point) noexcept {

@@ -4,6 +4,7 @@
 #include "process/protocol.h"
 #include "process/shared_section.h"
 #include "taskbars/app_bar.h"
+#include "taskbars/overflow.h"
 #include "taskbars/task_buttons.h"
 #include "taskbars/taskbar_theme.h"
 
@@ -169,7 +170,7 @@ void ConstrainSizing(SecondaryTaskbar& bar, RECT& proposed) noexcept {
     if (sizing.bar == &bar) proposed = DraggedSize(sizing.place, bar.shape.edge, sizing.cursor, MessagePoint());
     const DWORD rows = bar.shape.rows;
     proposed = ConstrainSize(proposed, bar.displayRect, bar.autohide, bar.shape, ActiveMetrics());
-    if (bar.shape.rows != rows) SizeButtons(bar);
+    if (bar.shape.rows != rows) LayOutButtons(bar);
 }
 
 void OnAppBarNotice(SecondaryTaskbar& bar, WPARAM notice, LPARAM lParam) noexcept {

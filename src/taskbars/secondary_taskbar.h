@@ -32,6 +32,7 @@ struct SecondaryTaskbar {
     HMONITOR display = nullptr;
     HWND window = nullptr;
     HWND toolbar = nullptr;
+    HWND more = nullptr;    // opens the menu of the windows whose buttons don't fit; null while all do
     RECT displayRect = {};  // all of the display
     RECT windowRect = {};   // of the bar when shown, also while it is slid away
     LONG clientWidth = 0;
@@ -49,6 +50,8 @@ struct SecondaryTaskbar {
     Brush ditherBrush;  //
     ImageList imageList;
 };
+
+inline constexpr LONG OverflowWidth = 18;  // pixels of the small button; in height on a vertical bar
 
 // Names of the values that are stored for each bar.
 inline constexpr char EdgeValue[] = "TaskbarEdge";

@@ -63,6 +63,11 @@ bool ShowIcon(HWND window, HICON icon) noexcept {
     return isGood;
 }
 
+// Of the bar's client area, in pixels.
+LONG ButtonsWidth(const SecondaryTaskbar& bar) noexcept {
+    return bar.clientWidth - (bar.more && !IsVertical(bar.shape.edge) ? OverflowWidth : 0);
+}
+
 void PlaceToolbar(const SecondaryTaskbar& bar) noexcept {
     LONG above = 0;
     if (profile.isWindows2000) {
@@ -79,7 +84,7 @@ void PlaceToolbar(const SecondaryTaskbar& bar) noexcept {
         }
     }
     const LONG below = profile.isWindows2000 ? above : 0;
-    SetWindowPos(bar.toolbar, nullptr, 0, -above, bar.clientWidth, bar.clientHeight + above + below,
+    SetWindowPos(bar.toolbar, nullptr, 0, -above, ButtonsWidth(bar), bar.clientHeight + above + below,
                  SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS | SWP_NOOWNERZORDER);
 }
 
@@ -87,8 +92,7 @@ void PlaceToolbar(const SecondaryTaskbar& bar) noexcept {
 bool IsCut(const SecondaryTaskbar& bar, const TaskButton& button) noexcept {
     constexpr LONG AroundText = 30;  // pixels of a button that the picture and the edges take
     RECT item = {};
-    const LRESULT index = Send(bar, TB_COMMANDTOINDEX, button.commandId);
-    if (!Send(bar, TB_GETITEMRECT, static_cast<WPARAM>(index), &item)) return false;
+    if (!ButtonRect(bar, button, item)) return false;
     const WindowDc dc(bar.toolbar);
     const SelectedObject font(dc.get(), reinterpret_cast<HFONT>(SendMessageA(bar.toolbar, WM_GETFONT, 0, 0)));
     SIZE size = {};
@@ -147,7 +151,7 @@ void ShowButtonText(SecondaryTaskbar& bar, const TaskButton& button) noexcept {
 
 void SizeButtons(SecondaryTaskbar& bar) noexcept {
     const ButtonSize size =
-        SizeOfButtons(bar.shape, bar.buttons.Count(), bar.clientWidth, DrawsWithTheme(), ActiveMetrics());
+        SizeOfButtons(bar.shape, bar.buttons.Count(), ButtonsWidth(bar), DrawsWithTheme(), ActiveMetrics());
     Send(bar, TB_SETBUTTONSIZE, 0, MAKELPARAM(size.width, size.height));
     Send(bar, TB_AUTOSIZE);
     PlaceToolbar(bar);
@@ -192,12 +196,15 @@ void GiveTip(const SecondaryTaskbar& bar, NMTBGETINFOTIPW& tip) noexcept {
     if (button && tip.pszText && IsCut(bar, *button)) lstrcpynW(tip.pszText, button->text.Text(), tip.cchTextMax);
 }
 
+bool ButtonRect(const SecondaryTaskbar& bar, const TaskButton& button, RECT& place) noexcept {
+    const LRESULT index = Send(bar, TB_COMMANDTOINDEX, button.commandId);
+    return Send(bar, TB_GETITEMRECT, static_cast<WPARAM>(index), &place) != 0;
+}
+
 bool MinimiseRect(const SecondaryTaskbar& bar, HWND window, RECT& place) noexcept {
     const TaskButton* button = FindButton(bar, window);
-    if (!button || !button->onThisDisplay) return false;
-    const LRESULT index = Send(bar, TB_COMMANDTOINDEX, button->commandId);
     RECT item = {};
-    if (!Send(bar, TB_GETITEMRECT, static_cast<WPARAM>(index), &item)) return false;
+    if (!button || !button->onThisDisplay || !ButtonRect(bar, *button, item)) return false;
     MapWindowPoints(bar.toolbar, nullptr, reinterpret_cast<POINT*>(&item), 2);
     place = item;
     return true;

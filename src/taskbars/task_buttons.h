@@ -24,6 +24,9 @@ bool IsChecked(const SecondaryTaskbar& bar, const TaskButton& button) noexcept;
 // Looks for the window's icon. When one is found, the window's buttons on all bars get it.
 void GiveButtonIcon(HWND window) noexcept;
 
+// The button's place in its toolbar.
+bool ButtonRect(const SecondaryTaskbar& bar, const TaskButton& button, RECT& place) noexcept;
+
 // Fills the tip of a button whose title doesn't fit in it.
 void GiveTip(const SecondaryTaskbar& bar, NMTBGETINFOTIPW& tip) noexcept;
 

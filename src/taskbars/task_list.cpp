@@ -5,6 +5,7 @@
 #include "settings/settings.h"
 #include "taskbars/button_ids.h"
 #include "taskbars/live_taskbars.h"
+#include "taskbars/overflow.h"
 #include "taskbars/shell/shell_tabs.h"
 #include "taskbars/shell/tray_hook.h"
 #include "taskbars/task_buttons.h"
@@ -80,7 +81,7 @@ TaskButton* AddButton(SecondaryTaskbar& bar, HWND window, bool onThisDisplay) no
     bar.buttons.Add(button);
     InsertToolbarButton(bar, *button, place);
     GiveButtonIcon(window);
-    SizeButtons(bar);
+    LayOutButtons(bar);
     return button;
 }
 
@@ -92,7 +93,7 @@ void RemoveButton(SecondaryTaskbar& bar, HWND window, bool giveBack) noexcept {
     DeleteToolbarButton(bar, *button);
     buttonIds.GiveBack(button->commandId);
     delete button;
-    SizeButtons(bar);
+    LayOutButtons(bar);
     if (giveBack) AddTab(window);
 }
 

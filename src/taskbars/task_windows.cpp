@@ -34,8 +34,9 @@ bool HasVisibleOwner(HWND window) noexcept {
 }  // namespace
 
 bool IsTaskWindow(HWND window) noexcept {
-    return window && !GetParent(window) && IsWindowVisible(window) && !IsToolWindow(window) && HasTaskClass(window) &&
-           !HasVisibleOwner(window);
+    // The desktop's own window is told of, too, where its program has the library.
+    return window && window != GetDesktopWindow() && !GetParent(window) && IsWindowVisible(window) &&
+           !IsToolWindow(window) && HasTaskClass(window) && !HasVisibleOwner(window);
 }
 
 bool IsOnDisplay(const SecondaryTaskbar& bar, HWND window) noexcept {

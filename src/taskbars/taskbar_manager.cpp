@@ -1,10 +1,12 @@
 #include "taskbars/taskbar_manager.h"
 
+#include "common/rectangles.h"
 #include "displays/displays.h"
 #include "process/profile.h"
 #include "process/shared_section.h"
 #include "settings/settings.h"
 #include "taskbars/app_bar.h"
+#include "taskbars/docking.h"
 #include "taskbars/live_taskbars.h"
 #include "taskbars/shell/tray_hook.h"
 #include "taskbars/task_list.h"
@@ -26,11 +28,27 @@ bool HasPrimaryTaskbar(HMONITOR display) noexcept {
            profile.monitorFromRect(&PrimaryTaskbarRect(), MONITOR_DEFAULTTONEAREST) == display;
 }
 
+void FollowDisplay(SecondaryTaskbar& bar, const RECT& bounds) noexcept {
+    if (SameRect(bounds, bar.displayRect)) return;
+    bar.displayRect = bounds;
+    ApplyTaskbarRect(bar, true, true);
+}
+
+// Of displays that have gone.
+void DropBars(const DisplaySet& set) noexcept {
+    for (unsigned index = TaskbarCount(); index > 0; --index) {
+        // More than one may have gone in one go.
+        SecondaryTaskbar* bar = index <= TaskbarCount() ? &TaskbarAt(index - 1) : nullptr;
+        if (bar && set.IndexOf(HandleBits(bar->display)) == DisplaySet::None) DestroyTaskbar(*bar);
+    }
+}
+
 void SyncDisplay(const DisplaySet::Display& display) noexcept {
     const auto handle = HandleFromBits<HMONITOR>(display.handle);
     SecondaryTaskbar* bar = TaskbarOf(handle);
     const bool isPrimary = HasPrimaryTaskbar(handle);
     if (isPrimary && bar) DestroyTaskbar(*bar);
+    if (!isPrimary && bar) FollowDisplay(*bar, display.bounds);
     if (isPrimary || bar) return;
     // It is in the list of bars before its window is made, since messages to the window look for it there.
     bar = AddTaskbar();
@@ -53,8 +71,8 @@ void FillTaskbar(SecondaryTaskbar& bar, const Row<HWND>& windows) noexcept {
 
 void SyncDisplays() noexcept {
     if (!settings.TaskbarsEnable()) return;
-    RefreshDisplays();
     const DisplaySet set = CurrentDisplays();
+    DropBars(set);
     for (unsigned number = 1; number <= set.count; ++number)
         SyncDisplay(*set.Numbered(number));
 }

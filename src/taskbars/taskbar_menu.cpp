@@ -5,8 +5,10 @@
 #include "resources/resource_ids.h"
 #include "settings/settings.h"
 #include "settings/store.h"
+#include "taskbars/button_clicks.h"
 #include "taskbars/docking.h"
 #include "taskbars/live_taskbars.h"
+#include "taskbars/overflow.h"
 #include "taskbars/taskbar_end.h"
 
 #include <shellapi.h>
@@ -47,6 +49,41 @@ void ToggleOnTop(SecondaryTaskbar& bar) noexcept {
     SetRaised(bar, false);
 }
 
+// A menu takes a single "&" for the mark of the next letter.
+void AppendTitle(HMENU menu, UINT id, const wchar_t* title) noexcept {
+    wchar_t text[2 * 261];
+    wchar_t* room = text;
+    for (; *title && room < text + 2 * 260; ++title) {
+        if (*title == L'&') *room++ = L'&';
+        *room++ = *title;
+    }
+    *room = 0;
+    if (profile.isNtFamily)
+        AppendMenuW(menu, MF_STRING, id, text);
+    else
+        AppendMenuA(menu, MF_STRING, id, Narrow(text).Text());
+}
+
+// Of the windows whose buttons don't fit. The chosen one comes to the front.
+void ShowOverflow(SecondaryTaskbar& bar) noexcept {
+    const Menu menu(CreatePopupMenu());
+    Row<HWND> windows;
+    for (const TaskButton* button : bar.buttons) {
+        if (FitsOnBar(bar, *button)) continue;
+        windows.Add(button->window);
+        AppendTitle(menu.get(), windows.Count(), button->text.Text());
+    }
+    if (windows.Count() == 0) return;
+    RECT place = {};
+    GetWindowRect(bar.more, &place);
+    bar.busy = true;
+    SetForegroundWindow(bar.window);
+    const int chosen = TrackPopupMenuEx(menu.get(), TPM_RETURNCMD | TPM_NONOTIFY | TPM_RIGHTALIGN | TPM_BOTTOMALIGN,
+                                        place.right, place.top, bar.window, nullptr);
+    if (IsLive(&bar)) bar.busy = false;
+    if (chosen > 0) BringTaskToFront(windows[static_cast<unsigned>(chosen) - 1]);
+}
+
 }  // namespace
 
 void ShowTaskbarMenu(SecondaryTaskbar& bar) noexcept {
@@ -70,6 +107,7 @@ bool RunTaskbarCommand(SecondaryTaskbar& bar, UINT command) noexcept {
     case IDC_LOCK_TASKBAR: ToggleLocked(bar); return true;
     case IDC_ON_TOP: ToggleOnTop(bar); return true;
     case IDC_TASKBAR_PROPERTIES: OpenConfigDialog(TaskbarsPage); return true;
+    case IDC_MORE_TASKS: ShowOverflow(bar); return true;
     case IDC_TASK_MANAGER: ShellExecuteA(nullptr, "open", "taskmgr.exe", nullptr, nullptr, SW_SHOWNORMAL); return false;
     }
     return false;

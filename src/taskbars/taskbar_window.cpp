@@ -12,6 +12,7 @@
 #include "taskbars/button_painting.h"
 #include "taskbars/docking.h"
 #include "taskbars/live_taskbars.h"
+#include "taskbars/overflow.h"
 #include "taskbars/shell/tray_hook.h"
 #include "taskbars/shell_events.h"
 #include "taskbars/task_buttons.h"
@@ -63,7 +64,7 @@ void OnTaskbarCreated(SecondaryTaskbar& bar) noexcept {
 void OnSize(SecondaryTaskbar& bar, LONG width, LONG height) noexcept {
     bar.clientWidth = width;
     bar.clientHeight = height;
-    SizeButtons(bar);
+    LayOutButtons(bar);
 }
 
 // The toolbar's notices lie on this thread's stack. A notice that another program made up doesn't, and isn't looked at.
@@ -99,18 +100,6 @@ void OnContextMenu(SecondaryTaskbar& bar, POINT point) noexcept {
         OnButtonMenu(bar, entry, point);
     else
         ShowTaskbarMenu(bar);
-}
-
-void OnDisplayChange(SecondaryTaskbar& bar) noexcept {
-    MONITORINFO info = {};
-    info.cbSize = sizeof(info);
-    if (!profile.getMonitorInfo(bar.display, &info)) {
-        DestroyTaskbar(bar);
-        return;
-    }
-    if (SameRect(info.rcMonitor, bar.displayRect)) return;
-    bar.displayRect = info.rcMonitor;
-    ApplyTaskbarRect(bar, true, true);
 }
 
 LRESULT OnNcCalcSize(const SecondaryTaskbar& bar, WPARAM wParam, LPARAM lParam) noexcept {
@@ -159,7 +148,6 @@ bool HandleMessage(SecondaryTaskbar& bar, UINT message, WPARAM wParam, LPARAM lP
     case WM_NOTIFYFORMAT: result = profile.isNtFamily ? NFR_UNICODE : NFR_ANSI; return true;
     case WM_CLOSE: return true;  // a bar ends by its menu
     case WM_CONTEXTMENU: OnContextMenu(bar, PointOf(lParam)); return true;
-    case WM_DISPLAYCHANGE: OnDisplayChange(bar); return true;
     case WM_ERASEBKGND: result = OnEraseBackground(bar, reinterpret_cast<HDC>(wParam)); return true;
     case WM_NCCALCSIZE:
         if (!HasSizingStrip(bar)) return false;

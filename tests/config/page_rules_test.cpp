@@ -32,6 +32,17 @@ TEST(PageRules, ARowThatIsNotAppliedYetCanOnlyBeRemoved) {
     EXPECT_TRUE(!looking.remove && looking.activate && looking.wallpaper) << "who may not edit may still switch";
 }
 
+TEST(PageRules, TheHooksAndTheUserDecideWhatIsLive) {
+    const DesktopsPageEnables out = EnablesOfDesktopsPage({true, false}, true);
+    EXPECT_TRUE(!out.multiDesk && !out.list && !out.add);
+    const DesktopsPageEnables off = EnablesOfDesktopsPage({true, true}, false);
+    EXPECT_TRUE(off.multiDesk && !off.list && !off.add);
+    EXPECT_EQ(MaximiseOfChecks({false, true}), 0u) << "as it is stored";
+    EXPECT_FALSE(ChecksOfMaximise(0).across);
+    EXPECT_EQ(ActionColumnWidth(300, 1033), 198);
+    EXPECT_EQ(ActionColumnWidth(300, 1040), 165) << "Italian";
+}
+
 }  // namespace
 
 }  // namespace halyard

@@ -180,6 +180,17 @@ void Build(const ReportSource& source, ReportText& report) {
     WriteDetails(source, MadeUpFault.address, report);
 }
 
+TEST(Report, HasAllRegistersOfA64BitProgram) {
+    MadeUp made = FullProgram();
+    Fault fault = MadeUpFault;
+    fault.registers.general[8] = 0x88;
+    fault.registers.general[15] = 0xFF;
+    ReportText report(0x10000);
+    WriteHead(SourceOf(made, 8), fault, report);
+    for (const char* line : {"RAX:0000000000000001\r\n", "R8:0000000000000088\r\n", "R15:00000000000000FF\r\n"})
+        EXPECT_NE(std::string(report.Text()).find(line), std::string::npos) << line << " isn't in\n" << report.Text();
+}
+
 TEST(Report, TellsAllThereIs) {
     MadeUp made = FullProgram();
     const std::string head =

@@ -117,6 +117,13 @@ TEST(DesktopOf, ModalDialogsGoWithTheirOwners) {
     }
 }
 
+TEST(DesktopOf, EndsWhereOwnersSeemToFormARing) {
+    SeenRow windows;
+    windows.Add({.key = 'A', .owner = 'B', .recorded = NoDesktop});
+    windows.Add({.key = 'B', .owner = 'A', .recorded = NoDesktop});
+    EXPECT_EQ(NoDesktop, DesktopOf(windows, windows[0]));
+}
+
 TEST(DecideChange, GoesByTheDesktopAndByWhatWasAskedLast) {
     using enum WindowChange;
     struct Case {
@@ -149,6 +156,14 @@ TEST(ChooseFront, TakesTheRememberedOneOrTheNext) {
           std::tuple("AB", 'A', '\0'), std::tuple("", 'C', '\0')})
         EXPECT_EQ(front, static_cast<char>(ChooseFront(windows, Keys(order), static_cast<WindowKey>(remembered))))
             << order << " with " << remembered;
+}
+
+TEST(DesktopIdOfKey, TakesPlainNumbersOnly) {
+    constexpr std::pair<const char*, unsigned> Cases[] = {
+        {"1", 1},  {"12", 12}, {"1073741823", 1073741823}, {"1073741824", 0}, {"0", 0},
+        {"07", 0}, {"1x", 0},  {"99999999999", 0}};
+    for (const auto& [name, id] : Cases)
+        EXPECT_EQ(DesktopIdOfKey(name), id) << name;
 }
 
 TEST(Neighbour, GoesRoundBothEnds) {

@@ -72,5 +72,14 @@ TEST(ClassRules, Remembered) {
     ExpectAll(Qualifies, false, Others);
 }
 
+TEST(ClassRules, NamesOfTheFrameworkAreCutAtTheirLastColon) {
+    for (const auto& [name, expected] : {std::pair("Afx:400000:8", "Afx:400000"), std::pair("Afx", "Afx"), std::pair("A:b", "A:b")}) {
+        char text[32] = {};
+        std::string(name).copy(text, sizeof(text) - 1);
+        NormaliseClassName(text);
+        EXPECT_STREQ(text, expected);
+    }
+}
+
 }  // namespace
 }  // namespace halyard

@@ -9,6 +9,7 @@ namespace {
 TEST(HotkeyBinding, StoredBytesThatAreNoBindingGiveNone) {
     const BYTE stored[9] = {1, 0, 200, 0, 0x74, 0, 0, 0, 0};
     EXPECT_TRUE(IsSameBinding(DecodeBinding(stored, 8), {1, 0, 1, 0, 0x74}));
+    EXPECT_FALSE(HasModifier({}));
     for (const std::size_t size : {0u, 4u, 7u, 9u})
         EXPECT_TRUE(IsSameBinding(DecodeBinding(stored, size), {})) << size;
     for (const BYTE high : {0, 1}) {

@@ -56,6 +56,9 @@ until_true status_has "current desktop: 1" || fail "the first hotkey does nothin
 xdotool key ctrl+alt+1
 until_true status_has "current desktop: 0" || fail "no way back: $(halyard --status)"
 
+until_true eval 'xdotool search --onlyvisible --name "Wine System Tray" >/dev/null 2>&1' || fail "no icon in the notification area"
+import -window root build/package/tray.png
+
 # A program has its library when the new version comes.
 # The 64-bit one.
 wine 'C:\windows\notepad.exe' &

@@ -1,6 +1,10 @@
 #include "process/string_block.h"
 
+#include "process/program_flags.h"
+
 #include <gtest/gtest.h>
+
+#include <iterator>
 
 // A language is 16 bits wide, so that sub-languages above 63 come round again.
 TEST(StringBlock, NumbersBlocksAndTriesLanguagesInOrder) {
@@ -14,4 +18,30 @@ TEST(StringBlock, NumbersBlocksAndTriesLanguagesInOrder) {
     constexpr unsigned Blocks[][2] = {{0, 1}, {15, 1}, {16, 2}, {2015, 126}, {2016, 127}};
     for (const auto& [id, block] : Blocks)
         EXPECT_EQ(halyard::StringBlock(id), block) << "id " << id;
+}
+
+TEST(StringBlock, FindsAStringAmongItsSixteen) {
+    // "ab", nothing, "c", and one that is cut by the end.
+    constexpr std::uint16_t Block[] = {2, 'a', 'b', 0, 1, 'c', 3, 'x'};
+    halyard::StringUnits found = {};
+    constexpr unsigned Expected[][3] = {{32, 2, 'a'}, {33, 0, 0}, {34, 1, 'c'}};
+    for (const auto& [id, length, first] : Expected) {
+        ASSERT_TRUE(halyard::FindInBlock(Block, std::size(Block), id, found)) << id;
+        EXPECT_EQ(found.length, length) << id;
+        EXPECT_TRUE(length == 0 || found.units[0] == first) << id;
+    }
+    for (const unsigned id : {35u, 36u, 47u})
+        EXPECT_FALSE(halyard::FindInBlock(Block, std::size(Block), id, found)) << id;
+}
+
+TEST(ProgramFlags, AreSetForTheProgramsAlone) {
+    const auto count = [](const char* path) {
+        const halyard::ProgramFlags flags = halyard::FlagsOfProgram(path);
+        return flags.xsi + flags.qlplay + flags.winproj + flags.acad + flags.corelpp + flags.modeler + flags.maya +
+               flags.explorer;
+    };
+    EXPECT_EQ(0, count("c:\\windows\\notepad.exe"));
+    EXPECT_EQ(1, count("c:\\programs\\acad.exe"));
+    EXPECT_TRUE(halyard::FlagsOfProgram("c:\\programs\\acad.exe").acad);
+    EXPECT_TRUE(halyard::FlagsOfProgram("c:\\lightwav.exe").modeler);
 }

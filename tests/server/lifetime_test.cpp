@@ -53,13 +53,26 @@ TEST_F(LoaderTest, HandsItsSwitchesToTheResident) {
     StartLoader("--no-guard");
     const Sample sample = OpenSample("Told");
     ASSERT_TRUE(WindowsBecome(0, 1));
-    EXPECT_EQ(Loader("--switch 2 --status").out,
+    const std::string status = Loader("--switch 2 --status").out;
+    EXPECT_EQ(status.substr(0, status.find("inside: ")),
               "enabled: yes\nhooks: in\ncurrent desktop: 2\ndesktop 0: \"Default\", 1 window\n"
               "desktop 1: \"One\", 0 windows\ndesktop 2: \"Two\", 0 windows\nall desktops: 0 windows\nguard: none\n");
     EXPECT_TRUE(BecomesHidden(sample.window));
     EXPECT_EQ(Loader("").status, 0u) << "a second start hands over nothing and ends";
 
-    EXPECT_EQ(Loader("--disable --switch 1").out, "Halyard is turned off: no switch\n");
+    EXPECT_NE(status.find("inside: sample.exe"), std::string::npos) << status;
+    const Output json = Loader("--json");
+    EXPECT_EQ(json.out.substr(0, 53), "{\"enabled\": true, \"hooks\": true, \"currentDesktop\": 2,");
+    EXPECT_NE(json.out.find("{\"id\": 1, \"name\": \"One\", \"windows\": 0}"), std::string::npos) << json.out;
+    const std::pair<const char*, const char*> failures[] = {
+        {"--switch 77", "Halyard has no desktop 77\n"},
+        {"--config 4", "The settings have no page 4 (0 to 3)\n"},
+        {"--disable --switch 1", "Halyard is turned off: no switch\n"}};
+    for (const auto& [switches, text] : failures) {
+        const Output output = Loader(switches);
+        EXPECT_EQ(output.status, 1u) << switches;
+        EXPECT_EQ(output.out, text);
+    }
     EXPECT_EQ(Status("current desktop"), "0");
     EXPECT_EQ(Loader("--enable --switch 1").status, 0u);
     EXPECT_EQ(Status("current desktop"), "1");
@@ -69,6 +82,27 @@ TEST_F(LoaderTest, HandsItsSwitchesToTheResident) {
     EXPECT_EQ(loader->ExitStatus(), 0u);
     EXPECT_TRUE(BecomesVisible(sample.window));
     EXPECT_EQ(NumberOr(published::ProductKey, "Run", 99), 1u) << "the next start enables the system again";
+}
+
+TEST_F(LoaderTest, DoesSomeThingsByItself) {
+    EXPECT_EQ(Loader("--help").status, 0u);
+    EXPECT_EQ(Loader("--help --status").status, 2u);
+    const std::string program = CopyTo(ScratchFolder(), sample::File, "kept out.exe");
+    EXPECT_EQ(Loader("--exclude \"" + program + "\"").status, 0u);
+    EXPECT_EQ(Loader("--excluded").out, program + "\n");
+    StartLoader();
+    OpenProgram(program, {}, sample::DefaultTitle);
+    EXPECT_EQ(WindowsOn(0), 0u);
+    EXPECT_NE(Loader("--status").out.find("excluded: " + program), std::string::npos);
+    EXPECT_EQ(Loader("--include \"" + program + "\"").status, 0u);
+    OpenProgram(program, {}, sample::DefaultTitle);
+    EXPECT_TRUE(WindowsBecome(0, 1));
+    EXPECT_EQ(Loader("--excluded").out, "");
+    for (const char* state : {"on", "off"}) {
+        EXPECT_EQ(Loader(std::string("--autostart ") + state).status, 0u);
+        const std::string stored = TextOf("Software\\Microsoft\\Windows\\CurrentVersion\\Run", "Halyard");
+        EXPECT_EQ(stored.empty(), state == std::string("off")) << stored;
+    }
 }
 
 TEST_F(LoaderTest, EndsWithTheSession) {

@@ -23,6 +23,7 @@ void DesktopTest::SetUp() {
     for (const char* value : {"Run", "RunWizard", "MultiDesk"})
         WriteNumber(published::ProductKey, value, 1);
     WriteNumber(published::ProductKey, "ShowDesktopName", 0);
+    WriteNumber(published::ProductKey, "TrayIcon", 0);
     WriteText(DesktopKey(1), nullptr, "One");
     WriteText(DesktopKey(2), nullptr, "Two");
     folder = BinFolder();

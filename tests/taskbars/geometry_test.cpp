@@ -74,6 +74,22 @@ TEST(ConstrainSize, ComesToRowsOrWidthsThatFit) {
     }
 }
 
+TEST(SizingStrip, IsWhatIsLeftBesideTheRest) {
+    constexpr RECT Bar = {100, 200, 160, 240};
+    constexpr std::pair<DWORD, RECT> Rests[] = {{LeftEdge, {100, 200, 156, 240}},
+                                                {TopEdge, {100, 200, 160, 236}},
+                                                {RightEdge, {104, 200, 160, 240}},
+                                                {BottomEdge, {100, 204, 160, 240}}};
+    for (const auto& [edge, rest] : Rests) {
+        EXPECT_EQ(LessSizingStrip(Bar, edge), rest) << edge;
+        for (LONG x = Bar.left; x < Bar.right; ++x)
+            for (LONG y = Bar.top; y < Bar.bottom; ++y) {
+                const bool inRest = x >= rest.left && x < rest.right && y >= rest.top && y < rest.bottom;
+                ASSERT_EQ(IsOnSizingStrip(Bar, edge, {x, y}), !inRest) << edge << " at " << x << "," << y;
+            }
+    }
+}
+
 TEST(EdgeAt, IsTheNearestEdgeByTheDiagonalsAndTheRightOneOnThem) {
     for (const RECT& display :
          {Display, RECT{0, 0, 1024, 768}, RECT{1024, 300, 2304, 1324}, RECT{-700, -2100, 380, -180}})

@@ -1,5 +1,6 @@
 // In the test's own process: the manager on made-up displays, what buttons look like, forged messages to a bar and its
 // toolbar, and the hook's answers.
+#include "displays/displays.h"
 #include "process/profile.h"
 #include "process/shared_section.h"
 #include "server/server_messages.h"
@@ -80,6 +81,7 @@ protected:
         displays = {
             {One, {0, 0, 800, 600}}, {Pseudo, {0, 0, 1, 1}}, {Two, {800, 0, 1600, 600}}, {Three, {0, 600, 800, 1200}}};
         primary = One;
+        RefreshDisplays();
         SyncDisplays();
     }
     void TearDown() override {
@@ -108,7 +110,8 @@ TEST_F(BarsTest, GoWithTheirDisplaysAndAreFreedOnce) {
     SecondaryTaskbar* gone = &TaskbarAt(0);
     HWND window = gone->window;
     displays.erase(displays.begin() + 2);
-    SendMessageA(window, WM_DISPLAYCHANGE, 0, 0);
+    RefreshDisplays();
+    SyncDisplays();
     ASSERT_EQ(Bars(), "DISPLAY1=1 ");
     EXPECT_FALSE(IsWindow(window));
     test::Eventually([] { return true; });  // hands out what waits

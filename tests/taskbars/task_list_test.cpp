@@ -81,6 +81,34 @@ TEST_F(TaskListTest, TitlesAreInEveryScript) {
     EXPECT_TRUE(Shows(2, {"*\u041F\u0440\u0438 \u03A9 \u0639 \u6587 \U0001F642"}));
 }
 
+TEST_F(TaskListTest, ButtonsThatAKilledServerTookComeBack) {
+    tray.Start(children);
+    OpenAt("Taken", OnSecond);
+    StartLoader("--no-guard");
+    EXPECT_TRUE(Shows(2, {"Taken"}));
+    EXPECT_TRUE(PrimaryShows({}));
+    loader->Kill();
+    Set("TaskbarsEnable", 0);
+    StartLoader();
+    EXPECT_TRUE(PrimaryShows({"Taken"}));
+}
+
+TEST_F(TaskListTest, WindowsWithoutRoomAreInAMenu) {
+    StartAll();
+    const Sample many = OpenAt("Many", OnSecond, "--count 40");
+    ASSERT_TRUE(Eventually([] { return ButtonsOn(2).size() == 40; })) << ButtonsOn(2).size();
+    const auto more = [] { return FindWindowExA(BarOn(2), nullptr, "Button", nullptr); };
+    ASSERT_TRUE(Eventually([&] { return more() && IsWindowVisible(more()); }));
+    const RECT place = PlaceOf(more());
+    Click({(place.left + place.right) / 2, (place.top + place.bottom) / 2});
+    ASSERT_TRUE(Eventually([] { return FindWindowA("#32768", nullptr) != nullptr; }));
+    TapKey("Up Return");
+    const HWND last = WindowOf(many.program->Id(), "Many 40");
+    EXPECT_TRUE(Eventually([&] { return GetForegroundWindow() == last; })) << Describe(GetForegroundWindow());
+    many.program->Kill();
+    EXPECT_TRUE(Eventually([&] { return ButtonsOn(2).empty() && !more(); }));
+}
+
 TEST_F(TaskListTest, AllTasksAreOnAllBarsInTheOrderOfThePrimaryOne) {
     Set("TaskbarsShowAllTasks", 1);
     ASSERT_TRUE(Arrange(ThreeInARow()));

@@ -15,6 +15,7 @@ REGEDIT4
 "RunWizard"=dword:00000001
 "MultiDesk"=dword:00000001
 "ShowDesktopName"=dword:00000000
+"TrayIcon"=dword:00000000
 
 [HKEY_CURRENT_USER\\Software\\Tevral, Inc.\\Halyard\\Desktops\\1]
 @="Mail"

@@ -1,0 +1,81 @@
+#include "loader/own_commands.h"
+
+#include "autostart/autostart.h"
+#include "loader/command.h"
+#include "loader/excluded.h"
+#include "loader/output.h"
+
+#include <cstring>
+#include <string>
+
+namespace halyard::loader {
+
+namespace {
+
+enum ExitStatus : int { Done = 0, Failed = 1, BadUsage = 2 };
+
+int Refuse() {
+    PrintError(UsageText);
+    return BadUsage;
+}
+
+int Help(const char*) {
+    Print(UsageText);
+    return Done;
+}
+
+int SetExclusion(const char* program, bool excluded) {
+    if (!SetExcludedProgram(program, excluded)) {
+        PrintError("tvlhload: this can't be stored\n");
+        return Failed;
+    }
+    Print(std::string(excluded ? "Halyard keeps out of it" : "Halyard takes part in it") + " from its next start on\n");
+    return Done;
+}
+
+int Exclude(const char* program) {
+    return SetExclusion(program, true);
+}
+
+int Include(const char* program) {
+    return SetExclusion(program, false);
+}
+
+int PrintExcluded(const char*) {
+    for (const std::string& program : ExcludedPrograms())
+        Print(program + "\n");
+    return Done;
+}
+
+int Autostart(const char* state) {
+    const bool on = std::strcmp(state, "on") == 0;
+    if (!on && std::strcmp(state, "off") != 0) return Refuse();
+    if (SetAutostart(on)) return Done;
+    PrintError("tvlhload: this can't be stored\n");
+    return Failed;
+}
+
+struct OwnCommand {
+    const char* name;
+    int operands;
+    int (*run)(const char* operand);
+};
+
+constexpr OwnCommand OwnCommands[] = {{"--help", 0, Help},
+                                      {"--exclude", 1, Exclude},
+                                      {"--include", 1, Include},
+                                      {"--excluded", 0, PrintExcluded},
+                                      {"--autostart", 1, Autostart}};
+
+}  // namespace
+
+bool RunOwnCommand(int count, char** arguments, int& status) {
+    for (const OwnCommand& command : OwnCommands) {
+        if (count < 2 || std::strcmp(arguments[1], command.name) != 0) continue;
+        status = count == 2 + command.operands ? command.run(arguments[count - 1]) : Refuse();
+        return true;
+    }
+    return false;
+}
+
+}  // namespace halyard::loader

@@ -1,0 +1,135 @@
+#include "loader/tray_icon.h"
+
+#include "loader/tray_menu.h"
+#include "settings/registry_key.h"
+#include "settings/store.h"
+
+#include <shellapi.h>
+
+namespace halyard::loader {
+
+namespace {
+
+constexpr UINT IconId = 1;
+constexpr UINT UpdatePeriod = 500;  // ms
+constexpr unsigned NameRoom = 261;
+
+unsigned CurrentDesktop(const Library& library) noexcept {
+    unsigned id = 0;
+    library.getCurrentDesktopId(&id);
+    return id;
+}
+
+// The place of the current desktop in the list, from 1.
+unsigned PlaceOfCurrent(const Library& library, std::string& name) {
+    const unsigned current = CurrentDesktop(library);
+    char text[NameRoom] = {};
+    unsigned id = 0;
+    for (unsigned index = 0; library.getDesktop(index, text, sizeof(text), &id); ++index) {
+        if (id != current) continue;
+        name = text;
+        return index + 1;
+    }
+    return 1;
+}
+
+// A small plate with the number on it: coloured while the system is on, else grey.
+Icon DrawIcon(unsigned number, bool on) noexcept {
+    const int width = GetSystemMetrics(SM_CXSMICON);
+    const int height = GetSystemMetrics(SM_CYSMICON);
+    const ScreenDc screen;
+    const MemoryDc dc(CreateCompatibleDC(screen.get()));
+    const Bitmap colour(CreateCompatibleBitmap(screen.get(), width, height));
+    const Bitmap mask(CreateBitmap(width, height, 1, 1, nullptr));
+    RECT plate = {0, 0, width, height};
+    {
+        const SelectedObject target(dc.get(), mask.get());
+        PatBlt(dc.get(), 0, 0, width, height, BLACKNESS);
+    }
+    {
+        LOGFONTA look = {};
+        look.lfHeight = -height * 3 / 4;
+        look.lfWeight = FW_BOLD;
+        const Font font(CreateFontIndirectA(&look));
+        const Brush brush(CreateSolidBrush(on ? RGB(31, 111, 160) : RGB(128, 128, 128)));
+        const SelectedObject target(dc.get(), colour.get());
+        const SelectedObject written(dc.get(), font.get());
+        FillRect(dc.get(), &plate, brush.get());
+        SetBkMode(dc.get(), TRANSPARENT);
+        SetTextColor(dc.get(), RGB(255, 255, 255));
+        const std::string text = std::to_string(number);
+        DrawTextA(dc.get(), text.c_str(), -1, &plate, DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
+    }
+    ICONINFO info = {};
+    info.fIcon = TRUE;
+    info.hbmColor = colour.get();
+    info.hbmMask = mask.get();
+    return Icon(CreateIconIndirect(&info));
+}
+
+bool IsWanted() noexcept {
+    ChooseHive();
+    RegistryKey key;
+    return !key.Open(ChosenHive(), ProductKey, KEY_READ) || key.ReadBool("TrayIcon", true);
+}
+
+}  // namespace
+
+void TrayIcon::Show(HWND ownerWindow, const Library& boundLibrary) noexcept {
+    owner = ownerWindow;
+    library = &boundLibrary;
+    wanted = IsWanted();
+    if (!wanted) return;
+    Update();
+    SetTimer(owner, UpdateTimer, UpdatePeriod, nullptr);
+}
+
+void TrayIcon::OnShellCame() noexcept {
+    isUp = false;
+    tip.clear();
+    if (wanted) Update();
+}
+
+std::string TrayIcon::StateText() const {
+    if (!library->isEnabled()) return "Halyard is off";
+    std::string name;
+    const unsigned place = PlaceOfCurrent(*library, name);
+    return "Halyard: " + name + " (desktop " + std::to_string(place) + ")";
+}
+
+void TrayIcon::Update() noexcept {
+    std::string now = StateText();
+    if (isUp && now == tip) return;
+    tip = std::move(now);
+    std::string name;
+    icon = DrawIcon(PlaceOfCurrent(*library, name), library->isEnabled() != 0);
+    isUp = Notify(isUp ? NIM_MODIFY : NIM_ADD);
+}
+
+bool TrayIcon::Notify(DWORD action) noexcept {
+    NOTIFYICONDATAA data = {};
+    // The size that the oldest systems know.
+    data.cbSize = NOTIFYICONDATAA_V1_SIZE;
+    data.hWnd = owner;
+    data.uID = IconId;
+    data.uFlags = NIF_ICON | NIF_MESSAGE | NIF_TIP;
+    data.uCallbackMessage = CallbackMessage;
+    data.hIcon = icon.get();
+    lstrcpynA(data.szTip, tip.c_str(), 64);
+    return Shell_NotifyIconA(action, &data) != FALSE;
+}
+
+TrayRequest TrayIcon::OnCallback(LPARAM event) noexcept {
+    if (event == WM_LBUTTONUP) ShowWindowsMenu(owner, *library);
+    if (event == WM_RBUTTONUP) return ShowMainMenu(owner, *library);
+    return TrayRequest::Nothing;
+}
+
+void TrayIcon::Remove() noexcept {
+    if (wanted) KillTimer(owner, UpdateTimer);
+    if (isUp) Notify(NIM_DELETE);
+    isUp = false;
+    wanted = false;
+}
+
+}  // namespace halyard::loader

@@ -1,0 +1,166 @@
+#include "loader/tray_menu.h"
+
+#include "common/handles.h"
+#include "process/protocol.h"
+
+#include <string>
+#include <vector>
+
+namespace halyard::loader {
+
+namespace {
+
+constexpr unsigned NameRoom = 261;
+
+enum Item : UINT {
+    EnabledItem = 1,
+    PropertiesItem,
+    RestoreItem,
+    HelpItem,
+    AboutItem,
+    ExitItem,
+    FirstDesktopItem = 100,
+    FirstWindowItem = 2000
+};
+
+struct NamedDesktop {
+    unsigned id;
+    std::string name;
+};
+
+std::vector<NamedDesktop> DesktopsOf(const Library& library) {
+    std::vector<NamedDesktop> desktops;
+    char name[NameRoom] = {};
+    unsigned id = 0;
+    for (unsigned index = 0; library.getDesktop(index, name, sizeof(name), &id); ++index)
+        desktops.push_back({id, name});
+    return desktops;
+}
+
+unsigned Current(const Library& library) noexcept {
+    unsigned id = 0;
+    library.getCurrentDesktopId(&id);
+    return id;
+}
+
+// A menu takes a single "&" for the mark of the next letter.
+std::string ShownAsItIs(const std::string& text) {
+    std::string shown;
+    for (const char character : text) {
+        if (character == '&') shown += '&';
+        shown += character;
+    }
+    return shown;
+}
+
+struct ListedWindow {
+    HWND window;
+    unsigned desktop;
+    std::string title;
+};
+
+struct Listing {
+    unsigned current;
+    std::vector<ListedWindow> windows;
+};
+
+// Windows that a user knows: with a title and a caption, on no other's behalf; hidden ones only where the system hid
+// them.
+BOOL CALLBACK List(HWND window, LPARAM target) {
+    auto& listing = *reinterpret_cast<Listing*>(target);
+    char title[NameRoom] = {};
+    const auto mark = reinterpret_cast<ULONG_PTR>(GetPropA(window, HiddenMark));
+    const LONG style = GetWindowLongA(window, GWL_STYLE);
+    const bool isKnown = (style & WS_CAPTION) == WS_CAPTION && !GetWindow(window, GW_OWNER) &&
+                         !(GetWindowLongA(window, GWL_EXSTYLE) & WS_EX_TOOLWINDOW);
+    if (!isKnown || (!mark && !(style & WS_VISIBLE)) || !GetWindowTextA(window, title, sizeof(title))) return TRUE;
+    listing.windows.push_back({window, mark ? static_cast<unsigned>(mark - 1) : listing.current, title});
+    return TRUE;
+}
+
+UINT Track(HWND owner, HMENU menu) noexcept {
+    POINT cursor = {};
+    GetCursorPos(&cursor);
+    // A menu of a window that isn't active would stay when the user clicks elsewhere.
+    SetForegroundWindow(owner);
+    return static_cast<UINT>(
+        TrackPopupMenuEx(menu, TPM_RETURNCMD | TPM_NONOTIFY | TPM_RIGHTBUTTON, cursor.x, cursor.y, owner, nullptr));
+}
+
+void AppendDesktop(HMENU menu, const NamedDesktop& desktop, std::size_t index, unsigned current) {
+    AppendMenuA(menu, MF_STRING | (desktop.id == current ? MF_CHECKED : 0), FirstDesktopItem + index,
+                ShownAsItIs(desktop.name).c_str());
+}
+
+void GoTo(const Library& library, const ListedWindow& target) noexcept {
+    HWND server = library.getServerHwnd();
+    const unsigned current = Current(library);
+    if (GetKeyState(VK_SHIFT) < 0)
+        SendMessageA(server, HM_WINDOW_ATTACH, reinterpret_cast<WPARAM>(target.window), static_cast<LPARAM>(current));
+    else if (target.desktop != current)
+        library.setActiveDesktop(target.desktop);
+    SetForegroundWindow(target.window);
+}
+
+void ShowHelp(HWND owner) noexcept {
+    MessageBoxA(owner,
+                "Left click: the desktops with their windows. With Shift, a window comes to this desktop.\n"
+                "Right click: desktops, settings, and the way out.\n\n"
+                "Every window's own menu (right-click its caption) ends with what Halyard can do for it.\n"
+                "The settings explain each control by the \"?\" in their caption.",
+                "Halyard", MB_ICONINFORMATION);
+}
+
+TrayRequest Run(HWND owner, const Library& library, UINT chosen, const std::vector<NamedDesktop>& desktops) noexcept {
+    switch (chosen) {
+    case EnabledItem: library.isEnabled() ? library.disable() : library.enable(); break;
+    case PropertiesItem: library.doConfigDlg(0); break;
+    case HelpItem: ShowHelp(owner); break;
+    case AboutItem: MessageBoxA(owner, "Halyard " HALYARD_VERSION, "Halyard", MB_ICONINFORMATION); break;
+    case RestoreItem: return TrayRequest::RestoreAll;
+    case ExitItem: return TrayRequest::Quit;
+    default:
+        if (chosen >= FirstDesktopItem && chosen - FirstDesktopItem < desktops.size())
+            library.setActiveDesktop(desktops[chosen - FirstDesktopItem].id);
+    }
+    return TrayRequest::Nothing;
+}
+
+}  // namespace
+
+void ShowWindowsMenu(HWND owner, const Library& library) noexcept {
+    const Menu menu(CreatePopupMenu());
+    const std::vector<NamedDesktop> desktops = DesktopsOf(library);
+    Listing listing = {Current(library), {}};
+    EnumWindows(List, reinterpret_cast<LPARAM>(&listing));
+    for (std::size_t index = 0; index < desktops.size(); ++index) {
+        AppendDesktop(menu.get(), desktops[index], index, listing.current);
+        for (std::size_t number = 0; number < listing.windows.size(); ++number)
+            if (listing.windows[number].desktop == desktops[index].id)
+                AppendMenuA(menu.get(), MF_STRING, FirstWindowItem + number,
+                            ("      " + ShownAsItIs(listing.windows[number].title)).c_str());
+    }
+    const UINT chosen = Track(owner, menu.get());
+    if (chosen >= FirstWindowItem && chosen - FirstWindowItem < listing.windows.size())
+        GoTo(library, listing.windows[chosen - FirstWindowItem]);
+    else
+        Run(owner, library, chosen, desktops);
+}
+
+TrayRequest ShowMainMenu(HWND owner, const Library& library) noexcept {
+    const Menu menu(CreatePopupMenu());
+    const std::vector<NamedDesktop> desktops = DesktopsOf(library);
+    for (std::size_t index = 0; index < desktops.size(); ++index)
+        AppendDesktop(menu.get(), desktops[index], index, Current(library));
+    AppendMenuA(menu.get(), MF_SEPARATOR, 0, nullptr);
+    AppendMenuA(menu.get(), MF_STRING | (library.isEnabled() ? MF_CHECKED : 0), EnabledItem, "&Enabled");
+    AppendMenuA(menu.get(), MF_STRING, PropertiesItem, "&Properties...");
+    AppendMenuA(menu.get(), MF_STRING, RestoreItem, "&Restore all windows");
+    AppendMenuA(menu.get(), MF_SEPARATOR, 0, nullptr);
+    AppendMenuA(menu.get(), MF_STRING, HelpItem, "&Help");
+    AppendMenuA(menu.get(), MF_STRING, AboutItem, "&About Halyard");
+    AppendMenuA(menu.get(), MF_STRING, ExitItem, "E&xit");
+    return Run(owner, library, Track(owner, menu.get()), desktops);
+}
+
+}  // namespace halyard::loader
