@@ -58,7 +58,6 @@ TEST_F(SettingsTest, FallToTheirDefaultsAloneWhereTheyAreDamaged) {
         std::function<bool()> isDefault;
     } values[] = {
         {Product, "DragTransPerCent", [] { return settings.DragTransPerCent() == 75; }},
-        {Product, "ExtendSysMenu", [] { return settings.ExtendSysMenu() && settings.Autodock(); }},
         {Product, "Autodock", [] { return !settings.Autodock() && settings.DragTransPerCent() == 1; }},
         {Product, "Width_2", [] { return ReadIndexedValue(2, "Width", 44) == 44; }},
         {Own(), "Autodock", [] { return !settings.AppAutodockSet() && settings.AppWindowMem(); }},
