@@ -84,7 +84,13 @@ void AnnounceDisplays() {
 }
 
 void RunBeneath(const std::string& command) {
-    WinExec(("Z:\\bin\\sh -c \"" + command + "\"").c_str(), SW_HIDE);
+    std::string line = "Z:\\bin\\sh -c \"" + command + "\"";
+    STARTUPINFOA startup = {};
+    startup.cb = sizeof(startup);
+    PROCESS_INFORMATION made = {};
+    CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &made);
+    CloseHandle(made.hThread);
+    CloseHandle(made.hProcess);
 }
 
 }  // namespace halyard::test
