@@ -109,6 +109,11 @@ int Run() {
     Compare("sent_unwanted", observe, observeNothing, unwanted);
     Compare("hit_test", observe, observeNothing, oneWindow);
     Compare("hit_test_in_turn", observe, observeNothing, hitTests);
+    // The thread that set the hooks may be shown messages of other programs' windows.
+    profile.isServerProcess = true;
+    Compare("hit_test_of_others", observe, observeNothing,
+            std::vector<CWPRETSTRUCT>(1, {HTCAPTION, 0, 0, WM_NCHITTEST, GetDesktopWindow()}));
+    profile.isServerProcess = false;
     Compare("taken_unwanted", Opaque(&FilterTakenMessage), Opaque(&FilterNothing), taken);
 
     // Nobody looks at the handle.

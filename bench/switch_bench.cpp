@@ -8,13 +8,13 @@
 //   typed WINDOWS HUNG MICROSECONDS
 // until the first key has reached a window of the desktop that was switched to.
 #include "bench/clock.h"
+#include "bench/product.h"
 #include "bench/window_host.h"
 #include "process/protocol.h"
 
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <string>
 
 namespace halyard::bench {
 
@@ -22,48 +22,7 @@ namespace {
 
 constexpr unsigned Programs = 10;
 constexpr unsigned HungWindows = 5;
-constexpr char LoaderClass[] = "TevralHalyardLoaderWndClass";
 constexpr DWORD SettleTime = 700;  // ms after which the order has been put right
-
-std::string Loader() {
-    char path[MAX_PATH] = {};
-    GetModuleFileNameA(nullptr, path, MAX_PATH - 1);
-    const std::string own = path;
-    return own.substr(0, own.rfind('\\') + 1) + "tvlhload.exe";
-}
-
-bool RunLoader(const char* switches, bool wait) {
-    std::string line = "\"" + Loader() + "\" " + switches;
-    STARTUPINFOA startup = {};
-    startup.cb = sizeof(startup);
-    PROCESS_INFORMATION started = {};
-    if (!CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &started))
-        return false;
-    if (wait) WaitForSingleObject(started.hProcess, HostPatience);
-    CloseHandle(started.hThread);
-    CloseHandle(started.hProcess);
-    return true;
-}
-
-void Store(const char* path, const char* name, DWORD value) {
-    HKEY key = nullptr;
-    const std::string whole = std::string("Software\\Tevral, Inc.\\Halyard\\") + path;
-    RegCreateKeyExA(HKEY_CURRENT_USER, whole.c_str(), 0, nullptr, 0, KEY_WRITE, nullptr, &key, nullptr);
-    RegSetValueExA(key, name, 0, REG_DWORD, reinterpret_cast<const BYTE*>(&value), sizeof(value));
-    RegCloseKey(key);
-}
-
-// The system on, with two desktops and no wizard.
-bool StartProduct() {
-    for (const char* name : {"Run", "RunWizard", "MultiDesk"})
-        Store("", name, 1);
-    Store("Desktops\\1", "Colour", GetSysColor(COLOR_BACKGROUND));
-    if (!RunLoader("", false)) return false;
-    const DWORD start = GetTickCount();
-    while (!FindWindowA(LoaderClass, nullptr))
-        if (GetTickCount() - start > HostPatience) return false;
-    return true;
-}
 
 HWND Server() {
     return FindWindowA(ServerWindowClass, nullptr);
@@ -135,8 +94,8 @@ bool Measure(unsigned windowCount, bool withHung, unsigned rounds) {
     Series bare;
     Series switched;
     for (unsigned round = 0; round < rounds; ++round) {
-        if (!RunLoader("--disable", true) || !bare.Add(BareLoop, field.programs, field.windows)) return false;
-        if (!RunLoader("--enable", true)) return false;
+        if (!CommandProduct("--disable") || !bare.Add(BareLoop, field.programs, field.windows)) return false;
+        if (!CommandProduct("--enable")) return false;
         field.Report();
         if (!switched.Add(SwitchDesktop, field.programs, field.windows)) return false;
     }
@@ -175,7 +134,7 @@ int RunAll(bool typed) {
     else
         good =
             good && Measure(10, false, 9) && Measure(100, false, 7) && Measure(100, true, 5) && Measure(1000, false, 3);
-    PostMessageA(FindWindowA(LoaderClass, nullptr), WM_CLOSE, 0, 0);
+    EndProduct();
     if (!good) std::fputs("switch_bench: the windows didn't follow\n", stderr);
     return good ? 0 : 1;
 }

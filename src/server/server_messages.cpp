@@ -132,6 +132,7 @@ LRESULT OnCountWindows(DesktopId id) noexcept {
 void OnPurge() noexcept {
     windowDesktopMap.PurgeDead();
     BringInLine();
+    CatchUpWithShell();
 }
 
 void OnKeyboardTimer(HWND window) noexcept {

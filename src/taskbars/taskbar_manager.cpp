@@ -8,6 +8,7 @@
 #include "taskbars/app_bar.h"
 #include "taskbars/docking.h"
 #include "taskbars/live_taskbars.h"
+#include "taskbars/shell/shell_tabs.h"
 #include "taskbars/shell/tray_hook.h"
 #include "taskbars/task_list.h"
 #include "taskbars/taskbar_end.h"
@@ -83,6 +84,13 @@ void FillTaskbars() noexcept {
     EnumWindows(Collect, reinterpret_cast<LPARAM>(&windows));
     for (unsigned index = 0; index < TaskbarCount(); ++index)
         FillTaskbar(TaskbarAt(index), windows);
+}
+
+void CatchUpWithShell() noexcept {
+    if (!TakeMissedTabs()) return;
+    // Which calls they were isn't known any more.
+    GiveTabsBack();
+    FillTaskbars();
 }
 
 }  // namespace halyard

@@ -8,5 +8,7 @@ namespace halyard {
 void SyncDisplays() noexcept;
 // Brings the buttons of every bar in line with the windows that there are.
 void FillTaskbars() noexcept;
+// Makes up for what the shell's taskbar missed while it didn't answer. Called every now and then.
+void CatchUpWithShell() noexcept;
 
 }  // namespace halyard

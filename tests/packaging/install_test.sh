@@ -62,7 +62,7 @@ import -window root build/package/tray.png
 # A program has its library when the new version comes.
 # The 64-bit one.
 wine 'C:\windows\notepad.exe' &
-until_true eval 'halyard --status | grep -q "^desktop 0: .*, 1 window"' || fail "the program isn't managed: $(halyard --status)"
+until_true status_has "inside: notepad.exe" || fail "the program hasn't the library inside: $(halyard --status)"
 
 setup "$version" || fail "the new version can't be installed: $?"
 ! is_running || fail "the old version goes on"

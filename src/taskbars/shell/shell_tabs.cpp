@@ -1,6 +1,7 @@
 #include "taskbars/shell/shell_tabs.h"
 
 #include "process/com.h"
+#include "taskbars/shell/shell_silence.h"
 
 // The shell's header declares the interface only behind this one.
 #include <unknwn.h>
@@ -18,6 +19,15 @@ constexpr GUID TaskbarListInterface = {0x56FDF342, 0xFD6D, 0x11D0, {0x95, 0x8A, 
 constexpr char TakenTab[] = "TevralHalyardTab";
 
 ITaskbarList* taskbarList = nullptr;
+bool missed = false;
+
+// The object waits for the shell's taskbar inside each call, without limit: one that doesn't answer gets none.
+bool CanCall() noexcept {
+    if (!taskbarList) return false;
+    const bool answers = ShellAnswers();
+    missed = missed || !answers;
+    return answers;
+}
 
 BOOL CALLBACK GiveBackIfTaken(HWND window, LPARAM) noexcept {
     if (GetPropA(window, TakenTab) && (taskbarList || CreateTaskbarList())) AddTab(window);
@@ -35,13 +45,21 @@ bool CreateTaskbarList() noexcept {
 }
 
 void AddTab(HWND window) noexcept {
-    if (taskbarList) taskbarList->AddTab(window);
+    // The mark stays on a window whose call was missed.
+    if (!CanCall()) return;
+    taskbarList->AddTab(window);
     RemovePropA(window, TakenTab);
 }
 
 void DeleteTab(HWND window) noexcept {
     // A window that refuses the mark keeps its button: nobody could give it back after a kill.
-    if (taskbarList && SetPropA(window, TakenTab, taskbarList)) taskbarList->DeleteTab(window);
+    if (CanCall() && SetPropA(window, TakenTab, taskbarList)) taskbarList->DeleteTab(window);
+}
+
+bool TakeMissedTabs() noexcept {
+    if (!missed || !CanCall()) return false;
+    missed = false;
+    return true;
 }
 
 void GiveTabsBack() noexcept {

@@ -9,6 +9,7 @@
 #include "process/profile.h"
 #include "process/protocol.h"
 #include "process/shared_section.h"
+#include "taskbars/shell/shell_silence.h"
 #include "taskbars/shell/shell_tabs.h"
 
 #include <commctrl.h>
@@ -19,15 +20,12 @@ namespace halyard {
 
 namespace {
 
-constexpr DWORD AnswerTimeout = 1000;   // ms; a switch of desktops may be waiting for this thread
-constexpr DWORD SilencePeriod = 30000;  // ms for which a shell that let that time pass isn't asked again
-constexpr DWORD MostTabs = 4096;        // that are read, whatever the shell says
+constexpr DWORD AnswerTimeout = 1000;  // ms; a switch of desktops may be waiting for this thread
+constexpr DWORD MostTabs = 4096;       // that are read, whatever the shell says
 
 // On the server's thread.
 struct Shell {
-    unsigned scans = 0;     // that are under way
-    bool isSilent = false;  // it has let a question go unanswered,
-    DWORD silentSince = 0;  // at this time
+    unsigned scans = 0;  // that are under way
     bool isReading = false;
     bool isRead = false;  // its list is in `order`
     Row<HWND> order;
@@ -59,14 +57,10 @@ HANDLE HandleInProcess(HANDLE process, HANDLE own) noexcept {
     return duplicate;
 }
 
-bool IsSilent() noexcept {
-    return shell.isSilent && GetTickCount() - shell.silentSince < SilencePeriod;
-}
-
 // The answer to one of TrayMessage; empty when it couldn't be had.
 std::optional<DWORD> AskTray(UINT message, WPARAM wParam) noexcept {
     HWND list = TrayListWindow();
-    if (!list || !TrayHook() || IsSilent()) return {};
+    if (!list || !TrayHook() || IsShellSilent()) return {};
     DWORD processId = 0;
     GetWindowThreadProcessId(list, &processId);
     const KernelHandle process(OpenProcess(PROCESS_DUP_HANDLE, FALSE, processId));
@@ -75,10 +69,9 @@ std::optional<DWORD> AskTray(UINT message, WPARAM wParam) noexcept {
     HANDLE duplicate = HandleInProcess(process.get(), answered.get());
     if (!duplicate) return {};
     // The duplicate is the hook's to close from here on.
-    shell.isSilent = !PostMessageA(list, message, wParam, reinterpret_cast<LPARAM>(duplicate)) ||
-                     !WaitAnswering(answered.get(), AnswerTimeout);
-    shell.silentSince = GetTickCount();
-    if (shell.isSilent) return {};
+    NoteShellAnswer(PostMessageA(list, message, wParam, reinterpret_cast<LPARAM>(duplicate)) &&
+                    WaitAnswering(answered.get(), AnswerTimeout));
+    if (IsShellSilent()) return {};
     return TrayAnswer();
 }
 
@@ -114,7 +107,7 @@ bool InstallTrayHook() noexcept {
     if (!CreateTaskbarList()) return false;
     HWND tray = TrayWindow();
     if (!tray) return false;
-    shell.isSilent = false;  // it may be another one
+    NoteShellAnswer(true);  // it may be another one
     // A list of another kind can't be read; its taskbar is kept from windows of others all the same.
     SetTrayListWindow(FindTrayList(tray));
     SetTrayHook(SetWindowsHookExA(WH_GETMESSAGE, TrayHookProc, profile.moduleInstance,
