@@ -1,4 +1,5 @@
-// A library that does nothing, yet maps what ours does: what a program pays for any hook library at all.
+// A library that does nothing, yet maps what ours does and can be hooked in: what a program pays for any hook library
+// at all.
 #include <cstring>
 #include <windows.h>
 
@@ -10,6 +11,11 @@ extern "C" __declspec(dllexport) int Imports(HWND window) {
     const int found = GetPixel(dc, 0, 0) != CLR_INVALID;
     ReleaseDC(window, dc);
     return found + std::strstr(text, "a")[0];
+}
+
+// Of either kind of hook.
+extern "C" __declspec(dllexport) LRESULT CALLBACK EmptyHook(int code, WPARAM wParam, LPARAM lParam) {
+    return CallNextHookEx(nullptr, code, wParam, lParam);
 }
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD, void*) {

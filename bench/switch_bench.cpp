@@ -1,15 +1,16 @@
 // How long the windows of ten programs take to follow a switch to another desktop, and the switch back, against a bare
-// loop of ShowWindowAsync over the same windows without the product. All through the loader, with the hooks in. Lines
-// of
+// loop of ShowWindowAsync over the same windows without the product, and against the same loop with two hooks of an
+// empty library and a window that gets the front. The product's through the loader, with the hooks in. Lines of
 //   CASE WINDOWS HUNG AWAY BACK
 // with the number of windows, how many more belong to a program that hangs, and the microseconds until the last window
-// has followed; the cases are bare and switch, measured by turns. With the argument "typed", while somebody presses
-// keys all the time, lines of
+// has followed; the cases are bare, hooked and switch, measured by turns. With the argument "typed", while somebody
+// presses keys all the time, lines of
 //   typed WINDOWS HUNG MICROSECONDS
 // until the first key has reached a window of the desktop that was switched to.
 #include "bench/clock.h"
 #include "bench/product.h"
 #include "bench/window_host.h"
+#include "common/entry.h"
 #include "process/protocol.h"
 
 #include <cstdio>
@@ -46,6 +47,12 @@ void SwitchDesktop(const std::vector<HWND>&, bool away) {
 void BareLoop(const std::vector<HWND>& windows, bool away) {
     for (HWND window : windows)
         ShowWindowAsync(window, away ? SW_HIDE : SW_SHOWNA);
+}
+
+// What any system pays that hooks the programs and gives the front back.
+void HookedLoop(const std::vector<HWND>& windows, bool away) {
+    BareLoop(windows, away);
+    if (!away) SetForegroundWindow(windows.front());
 }
 
 struct Series {
@@ -88,18 +95,46 @@ public:
     std::vector<HWND> windows;
 };
 
+// Hooks of the two kinds that the product sets, in all programs, which do nothing.
+class EmptyHooks {
+public:
+    EmptyHooks() {
+        const HMODULE library = LoadLibraryA(Beside("empty_library.dll").c_str());
+        for (const char* name : {"EmptyHook", "EmptyHook@12"})
+            if (const auto procedure = EntryOf<HOOKPROC>(library, name))
+                for (const int kind : {WH_GETMESSAGE, WH_CALLWNDPROCRET})
+                    hooks.push_back(SetWindowsHookExA(kind, procedure, library, 0));
+    }
+    EmptyHooks(const EmptyHooks&) = delete;
+    EmptyHooks& operator=(const EmptyHooks&) = delete;
+    ~EmptyHooks() {
+        for (HHOOK hook : hooks)
+            UnhookWindowsHookEx(hook);
+    }
+    bool AreIn() const { return hooks.size() == 2 && hooks[0] && hooks[1]; }
+
+private:
+    std::vector<HHOOK> hooks;
+};
+
 bool Measure(unsigned windowCount, bool withHung, unsigned rounds) {
     Field field;
     if (!field.Open(windowCount, withHung)) return false;
     Series bare;
+    Series hooked;
     Series switched;
     for (unsigned round = 0; round < rounds; ++round) {
         if (!CommandProduct("--disable") || !bare.Add(BareLoop, field.programs, field.windows)) return false;
+        {
+            const EmptyHooks hooks;
+            if (!hooks.AreIn() || !hooked.Add(HookedLoop, field.programs, field.windows)) return false;
+        }
         if (!CommandProduct("--enable")) return false;
         field.Report();
         if (!switched.Add(SwitchDesktop, field.programs, field.windows)) return false;
     }
     bare.Print("bare", windowCount, withHung);
+    hooked.Print("hooked", windowCount, withHung);
     switched.Print("switch", windowCount, withHung);
     return true;
 }

@@ -83,6 +83,14 @@ void OnWindowCalls(HWND window) noexcept {
     if (windowDesktopMap.Asked(HandleBits(window)) != Request::Hide) AnswerCall(window, desktop);
 }
 
+bool GoToDesktopOf(HWND window) noexcept {
+    const DesktopId desktop = DesktopElsewhere(window);
+    if (desktop == NoDesktop) return false;
+    PreferFront(desktop, window);
+    Activate(desktop);
+    return true;
+}
+
 void ShowWindowsForSessionEnd() noexcept {
     sessionEnding = true;
     ShowMarkedWindows();

@@ -17,6 +17,10 @@ bool SendWindowTo(HWND window, DesktopId desktop, bool follow) noexcept;
 void OnWindowShown(HWND window, bool shown) noexcept;
 void OnWindowCalls(HWND window) noexcept;
 
+// For a window that the current desktop hides: its desktop becomes current, with the window in front. False for others.
+// Server's thread.
+bool GoToDesktopOf(HWND window) noexcept;
+
 // The session may end: every hidden window is shown, so that programs can ask about unsaved work where the user sees
 // it. If the end is called off, the windows go back to their desktops. Server's thread.
 void ShowWindowsForSessionEnd() noexcept;

@@ -204,9 +204,9 @@ void CarryOut(DesktopId left) noexcept {
     const Plan plan = MakePlan(left, current);
     // The platform activates another window when the active one is hidden. The others can go while the keeper comes.
     const WindowKey foreground = Foreground();
-    if (switched || !plan.frontStays) RaiseKeeper();
     HideAllBut(foreground, plan.windows, current);
-    if (!plan.frontStays) TakeKeyboard();
+    if (switched || !plan.frontStays) RaiseKeeper();
+    if (!plan.frontStays && (!foreground || IsHiddenBy(plan, foreground))) TakeKeyboard();
     if (const SeenWindow* active = FindSeen(plan.windows, foreground)) Hide(plan.windows, *active, current);
     awaitedFront = 0;
     ShowWindows(plan);
@@ -305,6 +305,10 @@ void CheckKeyboard() noexcept {
     TakeKeyboard();
     ShowWindows(plan);
     LowerKeeper();
+}
+
+void PreferFront(DesktopId desktop, HWND window) noexcept {
+    if (DesktopOrder* order = OrderOf(desktop)) order->front = HandleBits(window);
 }
 
 void ForgetOrder(DesktopId desktop) noexcept {

@@ -35,6 +35,9 @@ void NoteFollowed(HWND window, bool shown) noexcept;
 // gets it, else the keeper.
 void CheckKeyboard() noexcept;
 
+// When that desktop comes back, the window is in front.
+void PreferFront(DesktopId desktop, HWND window) noexcept;
+
 // Forgets the order of a desktop that has gone.
 void ForgetOrder(DesktopId desktop) noexcept;
 

@@ -17,6 +17,7 @@ inline constexpr unsigned InterestingMessages[] = {
     126,  // WM_DISPLAYCHANGE
     132,  // WM_NCHITTEST
     133,  // WM_NCPAINT
+    134,  // WM_NCACTIVATE
     279,  // WM_INITMENUPOPUP
     561,  // WM_ENTERSIZEMOVE
 };

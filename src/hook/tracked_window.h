@@ -20,6 +20,7 @@ struct TrackedWindow {
     HMENU submenu = nullptr;       // the extension on the window's system menu, which owns it
     bool extensionOpen = false;    // the menu that opened last is the extension's
     RECT savedNormalRect = {};     // screen coordinates; valid while `maximisedAcross`
+    bool wishes = false;           // its program asked for attention while it was hidden, and hasn't had it yet
     DesktopId desktopId;           // `AllDesktopsId` in the server process, else the current desktop at first sight
     TrackedWindow* nextRetired = nullptr;  // used by `ThreadWindows` alone
 

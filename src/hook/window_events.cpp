@@ -49,7 +49,23 @@ void BringBack(TrackedWindow& tracked) noexcept {
     if (remembers) RestoreWindowMemory(tracked);
 }
 
+// A program asks for attention by a flashing caption: one that is lit although the window isn't active. The wish of a
+// window that a switch has hidden is kept with it.
+bool OnNcActivate(TrackedWindow& tracked, bool lit) noexcept {
+    HWND window = tracked.window;
+    if (!lit || !ServerWindow() || GetActiveWindow() == window || !GetPropA(window, HiddenMark)) return true;
+    tracked.wishes = SetPropA(window, WishMark, window) != FALSE;
+    if (tracked.wishes) PostMessageA(ServerWindow(), HM_WINDOW_WISHES, reinterpret_cast<WPARAM>(window), 0);
+    return true;
+}
+
+void EndWish(TrackedWindow& tracked) noexcept {
+    if (tracked.wishes) RemovePropA(tracked.window, WishMark);
+    tracked.wishes = false;
+}
+
 bool OnActivate(TrackedWindow& tracked, bool active) noexcept {
+    if (active) EndWish(tracked);
     // The server decides what becomes of a window that is activated although its desktop isn't to be seen.
     if (active && ServerWindow() && GetPropA(tracked.window, HiddenMark))
         PostMessageA(ServerWindow(), HM_WINDOW_CALLS, reinterpret_cast<WPARAM>(tracked.window), 0);
@@ -92,6 +108,7 @@ bool OnWindowPosChanged(TrackedWindow& tracked, const WINDOWPOS* position) noexc
     TellServer(tracked.window, change);
     // A program may activate its window before it shows it, or not at all. A window that is shown minimised comes into
     // sight later.
+    if (change == Sight::Shown && tracked.wishes) FlashWindow(tracked.window, TRUE);
     const bool comes = change == Sight::Shown && !IsIconic(tracked.window);
     if (comes && !tracked.placed && tracked.IsManaged() && !tracked.IsDialog()) BringBack(tracked);
     return true;
@@ -169,6 +186,7 @@ bool DispatchWindowEvent(TrackedWindow& tracked, const CWPRETSTRUCT& event) noex
         return OnStyleChanged(tracked, event.wParam, reinterpret_cast<const STYLESTRUCT*>(event.lParam));
     case WM_DISPLAYCHANGE: return OnDisplayChange(tracked);
     case WM_NCPAINT: return OnNcPaint(tracked);
+    case WM_NCACTIVATE: return OnNcActivate(tracked, event.wParam != 0);
     case WM_INITMENUPOPUP: return OnInitMenuPopup(tracked, reinterpret_cast<HMENU>(event.wParam), event.lParam);
     case WM_ENTERSIZEMOVE: return OnEnterSizeMove(tracked);
     }

@@ -11,6 +11,9 @@ inline constexpr char ServerWindowClass[] = "TevralHalyardServerWndClass";
 // Property of a window that a switch has hidden: its desktop id, plus 1.
 inline constexpr char HiddenMark[] = "TevralHalyardHidden";
 
+// Property of a window whose program asked for attention while a switch had hidden it; until it is active.
+inline constexpr char WishMark[] = "TevralHalyardWish";
+
 // To the server window. Handlers run on the server's thread.
 enum ServerMessage : UINT {
     HM_REGISTER_HOTKEYS = 1025,    // RegisterHotkeys on another thread, sent
@@ -29,6 +32,7 @@ enum ServerMessage : UINT {
     HM_WINDOW_RETURNS = 1196,      // window memory, posted; wParam: window, lParam: the desktop that it reopens on
     HM_WINDOW_SHOWN = 1201,        // a hooked process, posted; wParam: window, lParam 1: it has been shown, 0: hidden
     HM_WINDOW_CALLS = 1202,        // a hooked process, posted; wParam: a window with the mark that has been activated
+    HM_WINDOW_WISHES = 1204,       // a hooked process, posted; wParam: a window that asks for attention while hidden
     HM_ICON_READ = 1198,           // a thread of the server process that reads a program's icon, posted
     HM_READ_FAILURE = 1197,        // the loader, sent; wParam: index, 0 the last. Result: a global atom, 0 past the end
     HM_WINDOW_FOLLOW = 1203,       // a hooked process, sent; as HM_WINDOW_ATTACH, and the desktop becomes current

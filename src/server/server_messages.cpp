@@ -86,6 +86,11 @@ LRESULT OnCalls(HWND target) noexcept {
     return 0;
 }
 
+LRESULT OnWishes(HWND target) noexcept {
+    OnWindowWishes(target);
+    return 0;
+}
+
 LRESULT OnOpenConfig() noexcept {
     OpenConfigDialog(0);
     return 0;
@@ -133,6 +138,7 @@ void OnPurge() noexcept {
     windowDesktopMap.PurgeDead();
     BringInLine();
     CatchUpWithShell();
+    DropDeadButtons();
 }
 
 void OnKeyboardTimer(HWND window) noexcept {
@@ -177,6 +183,7 @@ LRESULT CALLBACK ServerWndProc(HWND window, UINT message, WPARAM wParam, LPARAM 
     case HM_WINDOW_DETACH: return OnWindowDetach(AsWindow(wParam));
     case HM_WINDOW_SHOWN: return OnShown(AsWindow(wParam), lParam != 0);
     case HM_WINDOW_CALLS: return OnCalls(AsWindow(wParam));
+    case HM_WINDOW_WISHES: return OnWishes(AsWindow(wParam));
     case HM_OPEN_CONFIG: return OnOpenConfig();
     case HM_WINDOW_CHANGED: return OnWindowChanged(AsWindow(wParam), lParam != 0) ? 1 : 0;
     case HM_REFRESH_EXTRAS: return OnRefreshExtras();

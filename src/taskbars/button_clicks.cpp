@@ -1,5 +1,6 @@
 #include "taskbars/button_clicks.h"
 
+#include "desktops/window_calls.h"
 #include "taskbars/task_buttons.h"
 #include "taskbars/task_list.h"
 
@@ -37,6 +38,7 @@ void OnButtonClick(SecondaryTaskbar& bar, const TaskButton* button) noexcept {
 }
 
 void BringTaskToFront(HWND window) noexcept {
+    if (GoToDesktopOf(window)) return;
     if (IsIconic(window)) SendCommand(window, SC_RESTORE);
     SetForegroundWindow(window);
 }

@@ -42,12 +42,14 @@ Brush MakeDitherBrush() noexcept {
 }
 
 // All of a button in the classic look.
-void DrawWhole(SecondaryTaskbar& bar, HDC dc, RECT place, const TaskButton& button, bool checked,
-               bool pressed) noexcept {
-    DrawEdge(dc, &place, checked || pressed ? EDGE_SUNKEN : EDGE_RAISED, BF_RECT);
+void DrawWhole(SecondaryTaskbar& bar, HDC dc, RECT place, const TaskButton& button, UINT state) noexcept {
+    const bool checked = state & CDIS_CHECKED;
+    DrawEdge(dc, &place, checked || (state & CDIS_SELECTED) ? EDGE_SUNKEN : EDGE_RAISED, BF_RECT);
     InflateRect(&place, -2, -2);
     if (checked && !bar.ditherBrush) bar.ditherBrush = MakeDitherBrush();
-    FillRect(dc, &place, checked ? bar.ditherBrush.get() : GetSysColorBrush(COLOR_3DFACE));
+    FillRect(dc, &place,
+             checked ? bar.ditherBrush.get() : GetSysColorBrush(state & CDIS_MARKED ? COLOR_HIGHLIGHT : COLOR_3DFACE));
+    SetTextColor(dc, GetSysColor(state & CDIS_MARKED ? COLOR_HIGHLIGHTTEXT : COLOR_BTNTEXT));
     const int middle = place.top + (place.bottom - place.top) / 2;
     ImageList_Draw(bar.imageList.get(), button.image, dc, place.left + ImageLeft, middle - ImageHalf, ILD_NORMAL);
     place.left += TextLeft;
@@ -68,7 +70,7 @@ LRESULT DrawItem(SecondaryTaskbar& bar, const NMCUSTOMDRAW& item) noexcept {
     SelectObject(item.hdc, checked ? bar.boldFont.get() : plain);
     if (!profile.isWindows2000 && !HasForeignTheme()) return CDRF_NEWFONT;
     const TaskButton* button = ButtonAtAddress(bar, static_cast<ULONG_PTR>(item.lItemlParam));
-    if (button) DrawWhole(bar, item.hdc, item.rc, *button, checked, item.uItemState & CDIS_SELECTED);
+    if (button) DrawWhole(bar, item.hdc, item.rc, *button, item.uItemState);
     return CDRF_SKIPDEFAULT;
 }
 

@@ -23,6 +23,7 @@ struct TaskButton {
     HWND window = nullptr;
     bool onThisDisplay = false;  // whether the window counted as being on the bar's display when last looked at
     WORD commandId = 0;          // of the toolbar's button
+    unsigned flashes = 0;        // steps that it still has to flash
 };
 
 // On the server's thread. A display can go during any call that lets messages in: whoever holds a pointer to a bar or

@@ -100,6 +100,11 @@ bool IsCut(const SecondaryTaskbar& bar, const TaskButton& button) noexcept {
     return size.cx > WidthOf(item) - AroundText;
 }
 
+void SetState(const SecondaryTaskbar& bar, const TaskButton& button, LRESULT part, bool set) noexcept {
+    const LRESULT state = Send(bar, TB_GETSTATE, button.commandId);
+    if (((state & part) != 0) != set) Send(bar, TB_SETSTATE, button.commandId, state ^ part);
+}
+
 }  // namespace
 
 void CreateToolbar(SecondaryTaskbar& bar) noexcept {
@@ -158,16 +163,16 @@ void SizeButtons(SecondaryTaskbar& bar) noexcept {
 }
 
 void UncheckOtherButtons(SecondaryTaskbar& bar, const TaskButton* except) noexcept {
-    for (const TaskButton* button : bar.buttons) {
-        if (button == except) continue;
-        const LRESULT state = Send(bar, TB_GETSTATE, button->commandId);
-        if (state & TBSTATE_CHECKED) Send(bar, TB_SETSTATE, button->commandId, state & ~LRESULT{TBSTATE_CHECKED});
-    }
+    for (const TaskButton* button : bar.buttons)
+        if (button != except) SetState(bar, *button, TBSTATE_CHECKED, false);
 }
 
 void CheckButton(SecondaryTaskbar& bar, const TaskButton& button) noexcept {
-    const LRESULT state = Send(bar, TB_GETSTATE, button.commandId);
-    if (!(state & TBSTATE_CHECKED)) Send(bar, TB_SETSTATE, button.commandId, state | TBSTATE_CHECKED);
+    SetState(bar, button, TBSTATE_CHECKED, true);
+}
+
+void MarkButton(SecondaryTaskbar& bar, const TaskButton& button, bool mark) noexcept {
+    SetState(bar, button, TBSTATE_MARKED, mark);
 }
 
 bool IsChecked(const SecondaryTaskbar& bar, const TaskButton& button) noexcept {

@@ -19,6 +19,8 @@ void SizeButtons(SecondaryTaskbar& bar) noexcept;
 // The checked button is that of the active window. `except` may be null.
 void UncheckOtherButtons(SecondaryTaskbar& bar, const TaskButton* except) noexcept;
 void CheckButton(SecondaryTaskbar& bar, const TaskButton& button) noexcept;
+// The mark of a window that asks for attention.
+void MarkButton(SecondaryTaskbar& bar, const TaskButton& button, bool mark) noexcept;
 bool IsChecked(const SecondaryTaskbar& bar, const TaskButton& button) noexcept;
 
 // Looks for the window's icon. When one is found, the window's buttons on all bars get it.

@@ -3,6 +3,7 @@
 #include "process/protocol.h"
 #include "process/shared_section.h"
 #include "settings/settings.h"
+#include "taskbars/attention.h"
 #include "taskbars/button_ids.h"
 #include "taskbars/live_taskbars.h"
 #include "taskbars/overflow.h"
@@ -42,13 +43,14 @@ void PostTab(ServerMessage message, HWND window) noexcept {
     PostMessageA(ServerWindow(), message, reinterpret_cast<WPARAM>(window), 0);
 }
 
-void Check(SecondaryTaskbar& bar, const TaskButton& button) noexcept {
+void Check(SecondaryTaskbar& bar, TaskButton& button) noexcept {
     UncheckOtherButtons(bar, &button);
+    StopFlashing(bar, button);
     CheckButton(bar, button);
 }
 
 // A window that is dragged to another display was active before, and isn't activated anew.
-void CheckIfActive(SecondaryTaskbar& bar, const TaskButton& button) noexcept {
+void CheckIfActive(SecondaryTaskbar& bar, TaskButton& button) noexcept {
     if (GetForegroundWindow() == button.window) Check(bar, button);
 }
 
@@ -82,6 +84,7 @@ TaskButton* AddButton(SecondaryTaskbar& bar, HWND window, bool onThisDisplay) no
     InsertToolbarButton(bar, *button, place);
     GiveButtonIcon(window);
     LayOutButtons(bar);
+    if (WishesAttention(window)) FlashButton(bar, window);
     return button;
 }
 
@@ -140,7 +143,8 @@ void OnWindowRedraw(SecondaryTaskbar& bar, HWND window) noexcept {
 }
 
 void OnWindowDestroyed(SecondaryTaskbar& bar, HWND window) noexcept {
-    RemoveButton(bar, window, false);
+    // The shell says the same of a window that is hidden.
+    if (!settings.TaskbarsShowAllTasks() || !WishesAttention(window)) RemoveButton(bar, window, false);
 }
 
 bool OnWindowChanged(HWND window, bool apply) noexcept {
@@ -164,6 +168,22 @@ bool OnWindowChanged(HWND window, bool apply) noexcept {
     }
     if (apply && !found) PostTab(HM_TAB_ADD, window);
     return found;
+}
+
+void OnWindowWishes(HWND window) noexcept {
+    if (!settings.TaskbarsShowAllTasks() || !IsWindow(window)) return;
+    for (unsigned index = 0; index < TaskbarCount(); ++index) {
+        SecondaryTaskbar& bar = TaskbarAt(index);
+        if (AddButton(bar, window, IsOnDisplay(bar, window))) FlashButton(bar, window);
+    }
+}
+
+void DropDeadButtons() noexcept {
+    for (unsigned number = 0; number < TaskbarCount(); ++number) {
+        SecondaryTaskbar& bar = TaskbarAt(number);
+        for (unsigned left = bar.buttons.Count(); left > 0; --left)
+            if (HWND window = bar.buttons.At(left - 1)->window; !IsWindow(window)) RemoveButton(bar, window, false);
+    }
 }
 
 }  // namespace halyard

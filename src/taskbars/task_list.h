@@ -25,4 +25,10 @@ void OnWindowDestroyed(SecondaryTaskbar& bar, HWND window) noexcept;
 // its button goes where it belongs.
 bool OnWindowChanged(HWND window, bool apply) noexcept;
 
+// HM_WINDOW_WISHES: bars that show all tasks get a button for a window on a hidden desktop, too, and it flashes.
+void OnWindowWishes(HWND window) noexcept;
+
+// Buttons whose windows have gone without the shell's telling.
+void DropDeadButtons() noexcept;
+
 }  // namespace halyard

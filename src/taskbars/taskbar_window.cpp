@@ -8,6 +8,7 @@
 #include "resources/resource_ids.h"
 #include "settings/store.h"
 #include "taskbars/app_bar.h"
+#include "taskbars/attention.h"
 #include "taskbars/button_clicks.h"
 #include "taskbars/button_painting.h"
 #include "taskbars/docking.h"
@@ -43,6 +44,7 @@ SecondaryTaskbar* TaskbarOf(HWND window, UINT message, LPARAM lParam) noexcept {
 }
 
 void OnShellEvent(SecondaryTaskbar& bar, WPARAM event, HWND window) noexcept {
+    if (event == HSHELL_FLASH) FlashButton(bar, window);
     switch (event & EventCode) {
     case HSHELL_WINDOWDESTROYED: OnWindowDestroyed(bar, window); break;
     case HSHELL_WINDOWACTIVATED:
@@ -130,6 +132,7 @@ void OnThemeChanged(SecondaryTaskbar& bar) noexcept {
 void OnTimer(SecondaryTaskbar& bar, WPARAM timer) noexcept {
     if (timer == HideTimer && TryHideTaskbar(bar)) KillTimer(bar.window, HideTimer);
     if (timer == AppBarTimer) RetryAppBar(bar);
+    if (timer == FlashTimer) StepFlashing(bar);
 }
 
 // Windows NT itself asks when a window is minimised, and copies the rectangle between the programs. Elsewhere any

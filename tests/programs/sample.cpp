@@ -116,6 +116,7 @@ LRESULT OnReportSizes(HWND window) {
 LRESULT CALLBACK PopupProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message < WM_USER) InterlockedIncrement(&messageCounts[message]);
     if (message == ShowAs) return ShowWindow(window, static_cast<int>(wParam));
+    if (message == AskAttention) return FlashWindow(window, TRUE);
     return DefWindowProcA(window, message, wParam, lParam);
 }
 

@@ -32,6 +32,7 @@ enum Message : UINT {
     OpenDialog,           // wParam: an `Owner`; lParam: the place. The answer is the handle; it isn't shown yet
     Activate,             // makes the window the active one of its thread, shown or not
     HasOwnProcedure,      // whether the window's procedure is the one that the program gave it
+    AskAttention,         // flashes its caption once
     MakeLayered,          // wParam: opacity
     ReportSizes,          // writes what "ExtensionLayer.dll" of the program's folder and the program itself are told
                           // of the desktop's size, and the size that the program holds
