@@ -2,6 +2,8 @@
 // attached. hook/behaviours.h declares what the hooks call of it, and nobody else calls it.
 #include "behaviours/maximise_across.h"
 #include "behaviours/window_position.h"
+#include "common/wide_text_buffer.h"
+#include "common/window_text.h"
 #include "desktops/desktop_list.h"
 #include "hook/behaviours.h"
 #include "hook/tracked_window.h"
@@ -54,7 +56,14 @@ void AppendItem(HMENU menu, UINT id, const char* text, bool checked) noexcept {
     info.fState = CheckState(checked);
     info.wID = id;
     info.dwTypeData = const_cast<char*>(text);
-    InsertMenuItemA(menu, AfterLast(menu), TRUE, &info);
+    if (!TakesWideText()) {
+        InsertMenuItemA(menu, AfterLast(menu), TRUE, &info);
+        return;
+    }
+    // The two forms differ in the text only.
+    const WideTextBuffer wide(text);
+    info.dwTypeData = reinterpret_cast<char*>(const_cast<wchar_t*>(wide.Text()));
+    InsertMenuItemW(menu, AfterLast(menu), TRUE, reinterpret_cast<const MENUITEMINFOW*>(&info));
 }
 
 void AppendSeparator(HMENU menu, UINT id) noexcept {
@@ -106,18 +115,6 @@ HWND CommandTarget(const TrackedWindow& tracked) noexcept {
     return profile.program.qlplay ? GetParent(tracked.window) : tracked.window;
 }
 
-// A menu takes a single "&" for the mark of the next letter, and shows two as one.
-TextBuffer ShownAsItIs(const char* name) noexcept {
-    TextBuffer text;
-    char* room = text.Reserve(2 * static_cast<unsigned>(lstrlenA(name)));
-    if (!room) return text;
-    for (; *name; ++name) {
-        if (*name == '&') *room++ = '&';
-        *room++ = *name;
-    }
-    return text;
-}
-
 void RebuildDesktopPopup(const TrackedWindow& tracked) noexcept {
     DeleteMenu(tracked.submenu, DesktopsItem, MF_BYCOMMAND);
     HMENU popup = CreateMenu();
@@ -126,7 +123,7 @@ void RebuildDesktopPopup(const TrackedWindow& tracked) noexcept {
     const unsigned count = desktopList.Count();
     for (unsigned index = 0; index < count; ++index)
         // A window whose menu is open is on the current desktop unless it is on all.
-        AppendItem(popup, FirstDesktopItem + index, ShownAsItIs(desktopList.NameAt(index).Text()).Text(),
+        AppendItem(popup, FirstDesktopItem + index, WithoutMenuMarks(desktopList.NameAt(index).Text()).Text(),
                    !everywhere && desktopList.IdAt(index) == CurrentDesktopId());
     AppendSeparator(popup, 0);
     AppendItem(popup, AllDesktopsItem, LookupText(IDS_MENU_ALL_DESKTOPS).Text(), everywhere);

@@ -7,11 +7,32 @@
 
 namespace halyard {
 
+namespace {
+
+UINT NarrowCodePage() noexcept {
+    return TakesWideText() ? CP_UTF8 : CP_ACP;
+}
+
+TextBuffer Converted(const wchar_t* wide, UINT codePage) noexcept {
+    TextBuffer narrow;
+    const int size = WideCharToMultiByte(codePage, 0, wide, -1, nullptr, 0, nullptr, nullptr);
+    if (size > 0 && narrow.Reserve(static_cast<unsigned>(size) - 1))
+        WideCharToMultiByte(codePage, 0, wide, -1, narrow.Room(), size, nullptr, nullptr);
+    return narrow;
+}
+
+}  // namespace
+
+bool TakesWideText() noexcept {
+    constexpr DWORD NotNt = 0x80000000;
+    return (GetVersion() & NotNt) == 0;
+}
+
 WideTextBuffer::WideTextBuffer(const char* narrow) noexcept {
-    const int size = MultiByteToWideChar(GetACP(), 0, narrow, -1, nullptr, 0);
+    const int size = MultiByteToWideChar(NarrowCodePage(), 0, narrow, -1, nullptr, 0);
     if (size <= 0) return;
     chars = new (std::nothrow) wchar_t[static_cast<std::size_t>(size)]();
-    if (chars) MultiByteToWideChar(GetACP(), 0, narrow, -1, chars, size);
+    if (chars) MultiByteToWideChar(NarrowCodePage(), 0, narrow, -1, chars, size);
 }
 
 WideTextBuffer::WideTextBuffer(const wchar_t* wide) noexcept {
@@ -25,11 +46,11 @@ WideTextBuffer::~WideTextBuffer() {
 }
 
 TextBuffer Narrow(const wchar_t* wide) noexcept {
-    TextBuffer narrow;
-    const int size = WideCharToMultiByte(GetACP(), 0, wide, -1, nullptr, 0, nullptr, nullptr);
-    if (size > 0 && narrow.Reserve(static_cast<unsigned>(size) - 1))
-        WideCharToMultiByte(GetACP(), 0, wide, -1, narrow.Room(), size, nullptr, nullptr);
-    return narrow;
+    return Converted(wide, NarrowCodePage());
+}
+
+TextBuffer InAnsi(const char* text) noexcept {
+    return Converted(WideTextBuffer(text).Text(), CP_ACP);
 }
 
 }  // namespace halyard

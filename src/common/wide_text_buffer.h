@@ -7,8 +7,12 @@
 
 namespace halyard {
 
-// Owns a zero-closed wide text, a copy or converted on the system's ANSI code page. Empty when memory or the conversion
-// fails.
+// Whether the platform takes wide text: so on the NT family. The system's narrow texts are UTF-8 there, so that every
+// letter has its place in them; elsewhere they are in the ANSI code page.
+bool TakesWideText() noexcept;
+
+// Owns a zero-closed wide text, a copy or converted from one of the system's narrow texts. Empty when memory or the
+// conversion fails.
 class WideTextBuffer {
 public:
     WideTextBuffer() noexcept = default;
@@ -30,7 +34,10 @@ private:
     wchar_t* chars = nullptr;
 };
 
-// The narrow form of a zero-closed wide text; empty when the conversion fails.
+// A zero-closed wide text as one of the system's narrow texts; empty when the conversion fails.
 TextBuffer Narrow(const wchar_t* wide) noexcept;
+
+// One of the system's narrow texts in the ANSI code page, for those who know nothing else; "?" for other letters.
+TextBuffer InAnsi(const char* text) noexcept;
 
 }  // namespace halyard

@@ -189,9 +189,10 @@ bool OnBeginEdit(HWND page, const NMLVDISPINFOA& info) noexcept {
     return false;
 }
 
-bool OnEndEdit(HWND page, const NMLVDISPINFOA& info) noexcept {
-    if (!info.item.pszText || !*info.item.pszText) return false;
-    SetListText(ListOf(page), info.item.iItem, 0, info.item.pszText);
+bool OnEndEdit(HWND page, const NMHDR& notice) noexcept {
+    const TextBuffer text = EditedText(notice);
+    if (text.IsEmpty()) return false;
+    SetListText(ListOf(page), reinterpret_cast<const NMLVDISPINFOA&>(notice).item.iItem, 0, text.Text());
     PageChanged(page);
     return true;
 }
@@ -206,10 +207,12 @@ INT_PTR OnListNotice(HWND page, const NMHDR& notice) noexcept {
     switch (notice.code) {
     case LVN_KEYDOWN: OnListKey(page, reinterpret_cast<const NMLVKEYDOWN&>(notice).wVKey); break;
     case LVN_BEGINLABELEDITA:
+    case LVN_BEGINLABELEDITW:
         if (OnBeginEdit(page, reinterpret_cast<const NMLVDISPINFOA&>(notice))) return 1;
         break;
     case LVN_ENDLABELEDITA:
-        if (OnEndEdit(page, reinterpret_cast<const NMLVDISPINFOA&>(notice))) return 1;
+    case LVN_ENDLABELEDITW:
+        if (OnEndEdit(page, notice)) return 1;
         break;
     }
     ApplyButtonRules(page);

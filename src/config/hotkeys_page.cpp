@@ -1,4 +1,5 @@
 #include "config/page_messages.h"
+#include "common/window_text.h"
 #include "config/pages.h"
 #include "config/sheet.h"
 #include "config/sheet_controls.h"
@@ -35,7 +36,7 @@ LRESULT CallOld(WNDPROC old, HWND window, UINT message, WPARAM wParam, LPARAM lP
 }
 
 void ShowHint(HWND page, const char* text) noexcept {
-    SetDlgItemTextA(page, IDC_HOTKEY_HINT, text);
+    SetWindowTextOf(GetDlgItem(page, IDC_HOTKEY_HINT), text);
 }
 
 bool FindAction(HWND list, int row, unsigned& action) noexcept {

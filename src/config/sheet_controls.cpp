@@ -1,6 +1,7 @@
 #include "config/sheet_controls.h"
 
 #include "common/handles.h"
+#include "common/wide_text_buffer.h"
 #include "process/profile.h"
 #include "resources/resource_ids.h"
 
@@ -8,6 +9,24 @@
 #include <prsht.h>
 
 namespace halyard {
+
+namespace {
+
+struct ItemMessage {
+    UINT narrow;
+    UINT wide;
+};
+
+// The two forms of an item differ in the text only.
+LRESULT SendItem(HWND list, ItemMessage message, WPARAM wParam, LVITEMA& item, const char* text) noexcept {
+    item.pszText = const_cast<char*>(text);
+    if (!TakesWideText()) return SendMessageA(list, message.narrow, wParam, reinterpret_cast<LPARAM>(&item));
+    const WideTextBuffer wide(text);
+    item.pszText = reinterpret_cast<char*>(const_cast<wchar_t*>(wide.Text()));
+    return SendMessageA(list, message.wide, wParam, reinterpret_cast<LPARAM>(&item));
+}
+
+}  // namespace
 
 void PageChanged(HWND page) noexcept {
     SendMessageA(GetParent(page), PSM_CHANGED, reinterpret_cast<WPARAM>(page), 0);
@@ -33,6 +52,8 @@ void GiveListImages(HWND list) noexcept {
     HIMAGELIST images = ImageList_Create(Size, Size, ILC_COLOR8 | ILC_MASK, 2, 1);
     const Bitmap strip(LoadBitmapA(profile.moduleInstance, MAKEINTRESOURCEA(IDB_LIST_IMAGES)));
     if (images && strip) ImageList_AddMasked(images, strip.get(), RGB(0, 0xFF, 0));
+    // Its notices carry wide text then.
+    if (TakesWideText()) SendMessageA(list, LVM_SETUNICODEFORMAT, TRUE, 0);
     SendMessageA(list, LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(images));
 }
 
@@ -49,29 +70,36 @@ int InsertListRow(HWND list, int index, const char* text, int image, LPARAM valu
     LVITEMA item = {};
     item.mask = LVIF_TEXT | LVIF_PARAM | (image >= 0 ? LVIF_IMAGE : 0);
     item.iItem = index;
-    item.pszText = const_cast<char*>(text);
     item.iImage = image;
     item.lParam = value;
-    return static_cast<int>(SendMessageA(list, LVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&item)));
+    return static_cast<int>(SendItem(list, {LVM_INSERTITEMA, LVM_INSERTITEMW}, 0, item, text));
 }
 
 void SetListText(HWND list, int row, int column, const char* text) noexcept {
     LVITEMA item = {};
     item.iSubItem = column;
-    item.pszText = const_cast<char*>(text);
-    SendMessageA(list, LVM_SETITEMTEXTA, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+    SendItem(list, {LVM_SETITEMTEXTA, LVM_SETITEMTEXTW}, static_cast<WPARAM>(row), item, text);
 }
 
 TextBuffer ListText(HWND list, int row, int column) noexcept {
     constexpr int Room = 260;
-    TextBuffer text;
-    if (!text.Reserve(Room)) return text;
+    char narrow[Room] = {};
+    wchar_t wide[Room] = {};
+    const bool isWide = TakesWideText();
     LVITEMA item = {};
     item.iSubItem = column;
-    item.pszText = text.Room();
+    item.pszText = isWide ? reinterpret_cast<char*>(wide) : narrow;
     item.cchTextMax = Room;
-    SendMessageA(list, LVM_GETITEMTEXTA, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
-    return text;
+    SendMessageA(list, isWide ? LVM_GETITEMTEXTW : LVM_GETITEMTEXTA, static_cast<WPARAM>(row),
+                 reinterpret_cast<LPARAM>(&item));
+    return isWide ? Narrow(wide) : TextBuffer(narrow);
+}
+
+TextBuffer EditedText(const NMHDR& notice) noexcept {
+    const char* text = reinterpret_cast<const NMLVDISPINFOA&>(notice).item.pszText;
+    if (!text) return TextBuffer();
+    return notice.code == static_cast<UINT>(LVN_ENDLABELEDITW) ? Narrow(reinterpret_cast<const wchar_t*>(text))
+                                                               : TextBuffer(text);
 }
 
 bool ListValue(HWND list, int row, LPARAM& value) noexcept {

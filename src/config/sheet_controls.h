@@ -25,6 +25,8 @@ void InsertListColumn(HWND list, int index, const char* title, int width) noexce
 int InsertListRow(HWND list, int index, const char* text, int image, LPARAM value) noexcept;  // image -1: none
 void SetListText(HWND list, int row, int column, const char* text) noexcept;
 TextBuffer ListText(HWND list, int row, int column) noexcept;  // up to 259 characters
+// What an LVN_ENDLABELEDIT notice of either form carries; empty when the edit was given up.
+TextBuffer EditedText(const NMHDR& notice) noexcept;
 bool ListValue(HWND list, int row, LPARAM& value) noexcept;    // false: no such row
 void SetListValue(HWND list, int row, LPARAM value) noexcept;
 int ListRowCount(HWND list) noexcept;

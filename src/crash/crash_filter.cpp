@@ -47,7 +47,7 @@ void Show(const char* text) noexcept {
 
 DWORD WINAPI BuildAndShow(void*) {
     // The hooks may go, and the library with them, while the user reads.
-    LoadLibraryA(ModulePath(profile.moduleInstance).text);
+    HoldLibrary();
     InterlockedIncrement(&record.progress);
     // Never freed: another thread may be reading it, and the process is about to end.
     auto* report = new (std::nothrow) ReportText(ReportLimit);

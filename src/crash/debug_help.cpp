@@ -79,9 +79,7 @@ bool ModuleAt(void*, std::uint64_t address, std::uint64_t& base, char (&path)[Re
     const auto* place = reinterpret_cast<const void*>(static_cast<ULONG_PTR>(address));
     if (!VirtualQuery(place, &memory, sizeof(memory)) || !memory.AllocationBase) return false;
     base = reinterpret_cast<ULONG_PTR>(memory.AllocationBase);
-    if (!GetModuleFileNameA(static_cast<HMODULE>(memory.AllocationBase), path, sizeof(path))) path[0] = 0;
-    // Old systems leave a path that was cut without its closing zero.
-    path[sizeof(path) - 1] = 0;
+    lstrcpynA(path, ModulePath(static_cast<HMODULE>(memory.AllocationBase)).text, sizeof(path));
     return true;
 }
 
@@ -114,7 +112,7 @@ struct Receiver {
 BOOL CALLBACK OnModule(const char* name, AddressValue base, ULONG size, void* context) {
     const ModulePath path(reinterpret_cast<HMODULE>(static_cast<ULONG_PTR>(base)));
     const ModuleVersion version(path.text);
-    static_cast<const Receiver<Module>*>(context)->Give({name, base, size, version.text, path.text});
+    static_cast<const Receiver<Module>*>(context)->Give({path.text[0] ? path.FileName() : name, base, size, version.text, path.text});
     return TRUE;
 }
 

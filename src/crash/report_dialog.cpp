@@ -4,6 +4,7 @@
 
 #include "behaviours/geometry.h"
 #include "common/win_types.h"
+#include "common/window_text.h"
 #include "process/profile.h"
 #include "process/window_long.h"
 #include "resources/resource_ids.h"
@@ -53,9 +54,7 @@ void Subclass(HWND control, WNDPROC procedure) noexcept {
 }
 
 void ShowProgramName(HWND dialog) noexcept {
-    ModulePath path(nullptr);
-    const auto* slash = _mbsrchr(reinterpret_cast<const unsigned char*>(path.text), '\\');
-    SetWindowTextA(dialog, slash ? reinterpret_cast<const char*>(slash + 1) : path.text);
+    SetWindowTextOf(dialog, ModulePath(nullptr).FileName());
 }
 
 // The sentence that ends in the link is drawn in whatever font the system has for the dialog's; where that is a wide
@@ -96,7 +95,7 @@ void CentreOnDisplay(HWND dialog) noexcept {
 INT_PTR OnInitDialog(HWND dialog, LPARAM data) noexcept {
     SetWindowLongPtrA(dialog, GWLP_USERDATA, data);
     HWND text = GetDlgItem(dialog, IDC_REPORT_TEXT);
-    SetWindowTextA(text, DataOf(dialog).text.Text());
+    SetWindowTextOf(text, DataOf(dialog).text.Text());
     Subclass(GetDlgItem(dialog, IDC_REPORT_LINK), LinkWndProc);
     Subclass(text, TextWndProc);
     ShowProgramName(dialog);

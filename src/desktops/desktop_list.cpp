@@ -111,12 +111,13 @@ void DesktopList::Load() noexcept {
     const Guard guard(lock.Section());
     Insert(DefaultDesktopId, defaultName.Text());
     RemoveAllButDefault();
-    char name[261];
-    for (DWORD index = 0; records.Count() < MaxDesktops && desktops && desktops.SubkeyName(index, name); ++index) {
-        const DesktopId id = DesktopIdOfKey(name);
+    for (DWORD index = 0; records.Count() < MaxDesktops && desktops; ++index) {
+        const TextBuffer name = desktops.SubkeyName(index);
+        if (name.IsEmpty()) return;
+        const DesktopId id = DesktopIdOfKey(name.Text());
         if (id == DefaultDesktopId) continue;
         RegistryKey stored;
-        if (!stored.Open(desktops.get(), name, KEY_READ)) return;
+        if (!stored.Open(desktops.get(), name.Text(), KEY_READ)) return;
         if (Desktop* desktop = Insert(id, nullptr)) ReadDesktop(stored, *desktop);
     }
 }

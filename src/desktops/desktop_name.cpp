@@ -5,6 +5,7 @@
 #include "common/row.h"
 #include "common/text_buffer.h"
 #include "common/window_class.h"
+#include "common/window_text.h"
 #include "displays/displays.h"
 
 namespace halyard {
@@ -46,7 +47,7 @@ void Paint(HWND window) noexcept {
         FillRect(dc, &client, GetSysColorBrush(COLOR_INFOBK));
         SetBkMode(dc, TRANSPARENT);
         SetTextColor(dc, GetSysColor(COLOR_INFOTEXT));
-        DrawTextA(dc, sign.text.Text(), -1, &client,
+        DrawTextIn(dc, sign.text.Text(), client,
                   DT_SINGLELINE | DT_CENTER | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
     }
     EndPaint(window, &paint);
@@ -91,7 +92,7 @@ RECT PlaceFor(const DisplaySet::Display& display) noexcept {
         const ScreenDc screen;
         const Font font = MakeFont(height);
         const SelectedObject selected(screen.get(), font.get());
-        DrawTextA(screen.get(), sign.text.Text(), -1, &text, DT_SINGLELINE | DT_CALCRECT | DT_NOPREFIX);
+        DrawTextIn(screen.get(), sign.text.Text(), text, DT_SINGLELINE | DT_CALCRECT | DT_NOPREFIX);
     }
     const RECT& area = display.workArea;
     const LONG margin = height / DisplayPart;

@@ -18,7 +18,7 @@ DWORD WINAPI Run(void* work) {
 
 bool RunOnHelperThread(Work work) noexcept {
     // A reference of the thread's own: the library must not be unmapped while the thread runs in it.
-    Library library(LoadLibraryA(ModulePath(profile.moduleInstance).text));
+    Library library(HoldLibrary());
     DWORD id = 0;
     const KernelHandle thread(CreateThread(nullptr, 0, Run, reinterpret_cast<void*>(work), 0, &id));
     if (!thread) return false;

@@ -1,8 +1,23 @@
 #include "process/profile.h"
 
+#include "common/wide_text_buffer.h"
+
 namespace halyard {
 
 Profile profile;
+
+namespace {
+
+struct WidePath {
+    explicit WidePath(HMODULE module) noexcept : text{} {
+        if (!GetModuleFileNameW(module, text, PathRoom)) text[0] = 0;
+        // The older NT systems leave a path that was cut without its closing zero.
+        text[PathRoom - 1] = 0;
+    }
+    wchar_t text[PathRoom];
+};
+
+}  // namespace
 
 Profile::Profile() noexcept
     : settingMessage(RegisterWindowMessageA("TevralHalyardSettingMsg")),
@@ -15,9 +30,32 @@ Profile::Profile() noexcept
 }
 
 ModulePath::ModulePath(HMODULE module) noexcept : text{} {
-    if (!GetModuleFileNameA(module ? module : GetModuleHandleA(nullptr), text, PathRoom)) text[0] = 0;
-    // The 9x family and the older NT systems leave a path that was cut without its closing zero.
-    text[PathRoom - 1] = 0;
+    HMODULE asked = module ? module : GetModuleHandleA(nullptr);
+    if (TakesWideText()) {
+        const WidePath path(asked);
+        WideCharToMultiByte(CP_UTF8, 0, path.text, -1, text, sizeof(text), nullptr, nullptr);
+    } else if (!GetModuleFileNameA(asked, text, PathRoom)) {
+        text[0] = 0;
+    }
+    // The 9x family leaves a path that was cut without its closing zero.
+    text[TakesWideText() ? sizeof(text) - 1 : PathRoom - 1] = 0;
+}
+
+const char* ModulePath::FileName() const noexcept {
+    const char* name = text;
+    for (const char* at = text; *at; ++at) {
+        // The second byte of a double-byte character may look like a backslash.
+        if (!TakesWideText() && IsDBCSLeadByte(static_cast<BYTE>(*at)) && at[1])
+            ++at;
+        else if (*at == '\\')
+            name = at + 1;
+    }
+    return name;
+}
+
+HMODULE HoldLibrary() noexcept {
+    return TakesWideText() ? LoadLibraryW(WidePath(profile.moduleInstance).text)
+                           : LoadLibraryA(ModulePath(profile.moduleInstance).text);
 }
 
 void ReadSystemVersion(Profile& target) noexcept {

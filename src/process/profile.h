@@ -66,11 +66,15 @@ struct Profile {
 
 extern Profile profile;
 
-// Full path of a module's file; null means the process's main module. Empty on failure.
+// Full path of a module's file as a narrow text of the system; null means the process's main module. Empty on failure.
 struct ModulePath {
     explicit ModulePath(HMODULE module) noexcept;
-    char text[PathRoom];
+    const char* FileName() const noexcept;
+    char text[3 * PathRoom];  // a letter takes up to three bytes
 };
+
+// One more reference to the library itself, which keeps it mapped until it is given back; null on failure.
+HMODULE HoldLibrary() noexcept;
 
 // Note the system's version and ways, and the program: `isWindows2000`, `isNtFamily`, `tracksButtonsWithoutCapture`,
 // `placesFromWorkArea`; `program`.

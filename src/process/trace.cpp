@@ -26,10 +26,9 @@ bool IsTracing() noexcept {
 void Trace(const char* function, const char* format, ...) noexcept {
     if (!IsTracing()) return;
     const ModulePath path(nullptr);
-    const char* slash = std::strrchr(path.text, '\\');
     // The platform's formatting writes 1024 characters at most.
     char line[2048];
-    int length = wsprintfA(line, "halyard: %.64s thread %u %.64s: ", slash ? slash + 1 : path.text,
+    int length = wsprintfA(line, "halyard: %.64s thread %u %.64s: ", path.FileName(),
                            static_cast<unsigned>(GetCurrentThreadId()), function);
     va_list arguments;
     va_start(arguments, format);

@@ -1,5 +1,6 @@
 #include "server/exports.h"
 
+#include "common/wide_text_buffer.h"
 #include "config/config_dialog.h"
 #include "desktops/desktop_list.h"
 #include "desktops/desktop_switch.h"
@@ -40,7 +41,7 @@ int DoConfigDlg(int page) {
 
 int GetDesktop(unsigned index, char* name, unsigned, unsigned* id) {
     if (index >= desktopList.Count()) return 0;
-    const TextBuffer text = desktopList.NameAt(index);
+    const TextBuffer text = InAnsi(desktopList.NameAt(index).Text());
     *id = desktopList.IdAt(index);
     std::memcpy(name, text.Text(), std::strlen(text.Text()) + 1);
     return 1;

@@ -1,6 +1,9 @@
 #include "settings/registry_key.h"
 
+#include "common/wide_text_buffer.h"
+
 #include <cstring>
+#include <cwchar>
 #include <utility>
 
 namespace halyard {
@@ -12,7 +15,9 @@ LONG RegistryKey::Close() noexcept {
 
 bool RegistryKey::Open(HKEY parent, const char* path, REGSAM access) noexcept {
     HKEY opened = nullptr;
-    const bool good = RegOpenKeyExA(parent, path, 0, access, &opened) == ERROR_SUCCESS;
+    const LONG result = TakesWideText() ? RegOpenKeyExW(parent, WideTextBuffer(path).Text(), 0, access, &opened)
+                                        : RegOpenKeyExA(parent, path, 0, access, &opened);
+    const bool good = result == ERROR_SUCCESS;
     Close();
     key = good ? opened : nullptr;
     return good;
@@ -20,8 +25,12 @@ bool RegistryKey::Open(HKEY parent, const char* path, REGSAM access) noexcept {
 
 bool RegistryKey::Create(HKEY parent, const char* path, DWORD options) noexcept {
     HKEY opened = nullptr;
-    const bool good =
-        RegCreateKeyExA(parent, path, 0, nullptr, options, KEY_ALL_ACCESS, nullptr, &opened, nullptr) == ERROR_SUCCESS;
+    const LONG result =
+        TakesWideText()
+            ? RegCreateKeyExW(parent, WideTextBuffer(path).Text(), 0, nullptr, options, KEY_ALL_ACCESS, nullptr, &opened,
+                              nullptr)
+            : RegCreateKeyExA(parent, path, 0, nullptr, options, KEY_ALL_ACCESS, nullptr, &opened, nullptr);
+    const bool good = result == ERROR_SUCCESS;
     Close();
     key = good ? opened : nullptr;
     return good;
@@ -51,17 +60,19 @@ LONG RegistryKey::ReadBytes(const char* name, void* bytes, DWORD& size) const no
 }
 
 TextBuffer RegistryKey::ReadString(const char* name, bool* read) const noexcept {
-    TextBuffer text;
+    // One more than is asked for, so that a value stored without a zero is closed by it.
+    wchar_t wide[StoredTextRoom + 1] = {};
+    char narrow[StoredTextRoom + 1] = {};
+    const bool isWide = TakesWideText();
     DWORD type = 0;
-    DWORD size = StoredTextRoom;
-    // The room has a zero behind the bytes that are asked for, so that a value stored without one is closed by it.
-    bool good = text.Reserve(StoredTextRoom) != nullptr;
-    if (good) {
-        const LONG result = RegQueryValueExA(key, name, nullptr, &type, reinterpret_cast<BYTE*>(text.Room()), &size);
-        good = result == ERROR_SUCCESS && (type == REG_SZ || type == REG_EXPAND_SZ);
-    }
+    DWORD size = isWide ? StoredTextRoom * sizeof(wchar_t) : StoredTextRoom;
+    const LONG result = isWide ? RegQueryValueExW(key, WideTextBuffer(name).Text(), nullptr, &type,
+                                                  reinterpret_cast<BYTE*>(wide), &size)
+                               : RegQueryValueExA(key, name, nullptr, &type, reinterpret_cast<BYTE*>(narrow), &size);
+    const bool good = result == ERROR_SUCCESS && (type == REG_SZ || type == REG_EXPAND_SZ);
     if (read) *read = good;
-    return good ? std::move(text) : TextBuffer();
+    if (!good) return TextBuffer();
+    return isWide ? Narrow(wide) : TextBuffer(narrow);
 }
 
 void RegistryKey::WriteDword(const char* name, DWORD value) const noexcept {
@@ -69,27 +80,43 @@ void RegistryKey::WriteDword(const char* name, DWORD value) const noexcept {
 }
 
 void RegistryKey::WriteString(const char* name, const char* text) const noexcept {
-    if (key)
+    if (!key) return;
+    if (!TakesWideText()) {
         RegSetValueExA(key, name, 0, REG_SZ, reinterpret_cast<const BYTE*>(text),
                        static_cast<DWORD>(std::strlen(text) + 1));
+        return;
+    }
+    const WideTextBuffer wide(text);
+    RegSetValueExW(key, WideTextBuffer(name).Text(), 0, REG_SZ, reinterpret_cast<const BYTE*>(wide.Text()),
+                   static_cast<DWORD>((std::wcslen(wide.Text()) + 1) * sizeof(wchar_t)));
 }
 
 void RegistryKey::WriteBytes(const char* name, const void* bytes, DWORD size) const noexcept {
     if (key) RegSetValueExA(key, name, 0, REG_BINARY, static_cast<const BYTE*>(bytes), size);
 }
 
-void RegistryKey::DeleteSubkey(const char* name) const noexcept {
-    if (key) RegDeleteKeyA(key, name);
+LONG RegistryKey::DeleteSubkey(const char* name) const noexcept {
+    if (!key) return ERROR_INVALID_HANDLE;
+    return TakesWideText() ? RegDeleteKeyW(key, WideTextBuffer(name).Text()) : RegDeleteKeyA(key, name);
 }
 
-bool RegistryKey::SubkeyName(DWORD index, char (&name)[261]) const noexcept {
-    DWORD length = sizeof(name);
-    return RegEnumKeyExA(key, index, name, &length, nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS;
+TextBuffer RegistryKey::SubkeyName(DWORD index) const noexcept {
+    constexpr DWORD Room = 261;
+    wchar_t wide[Room] = {};
+    char narrow[Room] = {};
+    DWORD length = Room;
+    if (!TakesWideText()) {
+        const LONG result = RegEnumKeyExA(key, index, narrow, &length, nullptr, nullptr, nullptr, nullptr);
+        return TextBuffer(result == ERROR_SUCCESS ? narrow : "");
+    }
+    const LONG result = RegEnumKeyExW(key, index, wide, &length, nullptr, nullptr, nullptr, nullptr);
+    return Narrow(result == ERROR_SUCCESS ? wide : L"");
 }
 
 void RegistryKey::DeleteContents() const noexcept {
-    char name[261];
-    while (SubkeyName(0, name) && RegDeleteKeyA(key, name) == ERROR_SUCCESS) {
+    for (;;) {
+        const TextBuffer name = SubkeyName(0);
+        if (name.IsEmpty() || DeleteSubkey(name.Text()) != ERROR_SUCCESS) break;
     }
     for (;;) {
         // Value names may be longer than key names; the limit is the platform's.

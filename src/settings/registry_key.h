@@ -7,11 +7,11 @@
 namespace halyard {
 
 inline constexpr char ProductKey[] = "Software\\Tevral, Inc.\\Halyard\\";
-inline constexpr DWORD StoredTextRoom = 260;  // bytes of a text value that are read
+inline constexpr DWORD StoredTextRoom = 260;  // characters of a text value that are read
 
 // Owns the key and closes it when it goes; opening through it closes what it held first. Reads take nothing but the
 // type and size that they ask for: a value of another type, or of another size where the size is fixed, counts as
-// missing.
+// missing. Names and texts are the system's narrow ones.
 class RegistryKey {
 public:
     RegistryKey() noexcept = default;
@@ -35,9 +35,8 @@ public:
     // A REG_BINARY value; `size` gives the room and takes the size that was read.
     LONG ReadBytes(const char* name, void* bytes, DWORD& size) const noexcept;
 
-    // Up to 260 bytes of a REG_SZ or REG_EXPAND_SZ value, always zero-closed; empty on failure or when the value is
-    // longer. `Length` of the text is 260 after a successful read. `read`, if given, takes whether there was such a
-    // value.
+    // Up to 260 characters of a REG_SZ or REG_EXPAND_SZ value; empty on failure or when the value is longer. `read`, if
+    // given, takes whether there was such a value.
     TextBuffer ReadString(const char* name, bool* read = nullptr) const noexcept;
 
     // Writes are lost silently on failure.
@@ -45,10 +44,10 @@ public:
     void WriteString(const char* name, const char* text) const noexcept;
     void WriteBytes(const char* name, const void* bytes, DWORD size) const noexcept;
 
-    // Name of the subkey at `index`, at most 260 characters; false past the end.
-    bool SubkeyName(DWORD index, char (&name)[261]) const noexcept;
+    // Name of the subkey at `index`; empty past the end.
+    TextBuffer SubkeyName(DWORD index) const noexcept;
 
-    void DeleteSubkey(const char* name) const noexcept;
+    LONG DeleteSubkey(const char* name) const noexcept;
 
     // Deletes all subkeys, then all values, until one can't be deleted.
     void DeleteContents() const noexcept;

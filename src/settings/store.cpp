@@ -1,6 +1,7 @@
 #include "settings/store.h"
 
 #include "common/administrator.h"
+#include "common/wide_text_buffer.h"
 #include "process/profile.h"
 #include "settings/registry_key.h"
 
@@ -15,7 +16,7 @@ struct AppKeyText {
     AppKeyText() noexcept : path(nullptr) {
         for (char* at = path.text; *at; ++at) {
             // The second byte of a double-byte character may look like a backslash.
-            if (IsDBCSLeadByte(static_cast<BYTE>(*at)) && at[1])
+            if (!TakesWideText() && IsDBCSLeadByte(static_cast<BYTE>(*at)) && at[1])
                 ++at;
             else if (*at == '\\')
                 *at = '/';

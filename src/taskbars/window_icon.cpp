@@ -45,17 +45,17 @@ bool GiveClassIcon(HWND window, int which) noexcept {
 // The first icon in the file of the window's program: any thread.
 Icon IconOfProgram(HWND window) noexcept {
     constexpr DWORD QueryLimited = 0x1000;
-    using QueryImageNameFn = BOOL(WINAPI*)(HANDLE, DWORD, char*, DWORD*);
+    using QueryImageNameFn = BOOL(WINAPI*)(HANDLE, DWORD, wchar_t*, DWORD*);
     const auto queryImageName =
-        EntryOf<QueryImageNameFn>(GetModuleHandleA("kernel32.dll"), "QueryFullProcessImageNameA");
+        EntryOf<QueryImageNameFn>(GetModuleHandleA("kernel32.dll"), "QueryFullProcessImageNameW");
     DWORD processId = 0;
     GetWindowThreadProcessId(window, &processId);
     const KernelHandle process(OpenProcess(QueryLimited, FALSE, processId));
-    char path[PathRoom] = {};
+    wchar_t path[PathRoom] = {};
     DWORD room = PathRoom;
     HICON icon = nullptr;
     if (queryImageName && process && queryImageName(process.get(), 0, path, &room))
-        ExtractIconExA(path, 0, nullptr, &icon, 1);
+        ExtractIconExW(path, 0, nullptr, &icon, 1);
     return Icon(icon);
 }
 
@@ -75,7 +75,7 @@ DWORD WINAPI ReadFile(void* context) {
 void StartFirstReading() noexcept {
     if (readings.Count() == 0) return;
     FileReading& reading = *readings.At(0);
-    Library library(LoadLibraryA(ModulePath(profile.moduleInstance).text));
+    Library library(HoldLibrary());
     reading.library = library.get();
     const KernelHandle thread(library ? CreateThread(nullptr, 0, ReadFile, &reading, 0, nullptr) : nullptr);
     if (thread)
@@ -148,7 +148,7 @@ void GiveReadIcons() noexcept {
 
 void OutliveIconAnswers() noexcept {
     if (questions.open == 0 || questions.libraryKept) return;
-    questions.libraryKept = LoadLibraryA(ModulePath(profile.moduleInstance).text) != nullptr;
+    questions.libraryKept = HoldLibrary() != nullptr;
 }
 
 }  // namespace halyard
