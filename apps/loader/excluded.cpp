@@ -1,5 +1,6 @@
 #include "loader/excluded.h"
 
+#include "common/wide_text_buffer.h"
 #include "settings/registry_key.h"
 
 #include <algorithm>
@@ -14,12 +15,22 @@ std::string ProgramsKey() {
     return std::string(ProductKey) + "AppMem";
 }
 
+std::string FullPath(const std::string& path) {
+    if (!TakesWideText()) {
+        char full[MAX_PATH + 1] = {};
+        char* name = nullptr;
+        GetFullPathNameA(path.c_str(), MAX_PATH, full, &name);
+        return full;
+    }
+    wchar_t full[MAX_PATH + 1] = {};
+    wchar_t* name = nullptr;
+    GetFullPathNameW(WideTextBuffer(path.c_str()).Text(), MAX_PATH, full, &name);
+    return Narrow(full).Text();
+}
+
 // A key's name can't hold a backslash.
 std::string KeyName(const std::string& path) {
-    char full[MAX_PATH + 1] = {};
-    char* name = nullptr;
-    GetFullPathNameA(path.c_str(), MAX_PATH, full, &name);
-    std::string text = full;
+    std::string text = FullPath(path);
     std::replace(text.begin(), text.end(), '\\', '/');
     return text;
 }
@@ -30,15 +41,15 @@ std::vector<std::string> ExcludedPrograms() {
     std::vector<std::string> programs;
     RegistryKey all;
     if (!all.Open(HKEY_CURRENT_USER, ProgramsKey().c_str(), KEY_READ)) return programs;
-    char name[261];
-    for (DWORD index = 0; all.SubkeyName(index, name); ++index) {
+    for (DWORD index = 0;; ++index) {
+        const TextBuffer name = all.SubkeyName(index);
+        if (name.IsEmpty()) return programs;
         RegistryKey one;
-        if (!one.Open(all.get(), name, KEY_READ) || !one.ReadBool(ValueName, false)) continue;
-        std::string path = name;
+        if (!one.Open(all.get(), name.Text(), KEY_READ) || !one.ReadBool(ValueName, false)) continue;
+        std::string path = name.Text();
         std::replace(path.begin(), path.end(), '/', '\\');
         programs.push_back(path);
     }
-    return programs;
 }
 
 bool SetExcludedProgram(const std::string& path, bool excluded) {

@@ -1,5 +1,6 @@
 // The resident loader: maps the library, runs the server, and takes orders from later starts of itself.
 #include "common/handles.h"
+#include "loader/arguments.h"
 #include "loader/channel.h"
 #include "loader/guard.h"
 #include "loader/library.h"
@@ -8,7 +9,6 @@
 #include "loader/resident.h"
 
 #include <cstdlib>
-#include <cstring>
 
 namespace halyard::loader {
 
@@ -50,12 +50,19 @@ int RestoreByHand() noexcept {
     return Done;
 }
 
-int Run(int count, char** arguments) {
-    if (count == 3 && std::strcmp(arguments[1], "--guard") == 0)
-        return RunGuard(std::strtoul(arguments[2], nullptr, 10));
+CommandLine Parsed(const std::vector<std::string>& arguments) {
+    std::vector<const char*> texts;
+    for (const std::string& argument : arguments)
+        texts.push_back(argument.c_str());
+    return ParseCommandLine(static_cast<int>(texts.size()), texts.data());
+}
+
+int Run(const std::vector<std::string>& arguments) {
+    if (arguments.size() == 2 && arguments[0] == "--guard")
+        return RunGuard(std::strtoul(arguments[1].c_str(), nullptr, 10));
     int status = Done;
-    if (RunOwnCommand(count, arguments, status)) return status;
-    const CommandLine line = ParseCommandLine(count - 1, arguments + 1);
+    if (RunOwnCommand(arguments, status)) return status;
+    const CommandLine line = Parsed(arguments);
     if (!line.good) {
         PrintError(UsageText);
         return BadUsage;
@@ -89,5 +96,5 @@ int Run(int count, char** arguments) {
 }  // namespace halyard::loader
 
 int main(int count, char** arguments) {
-    return halyard::loader::Run(count, arguments);
+    return halyard::loader::Run(halyard::loader::Arguments(count, arguments));
 }

@@ -1,6 +1,7 @@
 #include "loader/output.h"
 
 #include "common/entry.h"
+#include "common/wide_text_buffer.h"
 
 namespace halyard::loader {
 
@@ -17,9 +18,15 @@ void Write(DWORD stream, const std::string& text) {
     HANDLE out = GetStdHandle(stream);
     // A program without a console of its own has no streams unless somebody redirected them.
     if ((!out || out == INVALID_HANDLE_VALUE) && AttachToParentsConsole()) out = GetStdHandle(stream);
+    if (!out || out == INVALID_HANDLE_VALUE) return;
     DWORD written = 0;
-    if (out && out != INVALID_HANDLE_VALUE)
+    DWORD mode = 0;
+    if (!TakesWideText() || !GetConsoleMode(out, &mode)) {
         WriteFile(out, text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
+        return;
+    }
+    const WideTextBuffer wide(text.c_str());
+    WriteConsoleW(out, wide.Text(), static_cast<DWORD>(lstrlenW(wide.Text())), &written, nullptr);
 }
 
 }  // namespace

@@ -57,7 +57,7 @@ int Autostart(const char* state) {
 
 struct OwnCommand {
     const char* name;
-    int operands;
+    unsigned operands;
     int (*run)(const char* operand);
 };
 
@@ -69,10 +69,10 @@ constexpr OwnCommand OwnCommands[] = {{"--help", 0, Help},
 
 }  // namespace
 
-bool RunOwnCommand(int count, char** arguments, int& status) {
+bool RunOwnCommand(const std::vector<std::string>& arguments, int& status) {
     for (const OwnCommand& command : OwnCommands) {
-        if (count < 2 || std::strcmp(arguments[1], command.name) != 0) continue;
-        status = count == 2 + command.operands ? command.run(arguments[count - 1]) : Refuse();
+        if (arguments.empty() || arguments[0] != command.name) continue;
+        status = arguments.size() == 1 + command.operands ? command.run(arguments.back().c_str()) : Refuse();
         return true;
     }
     return false;

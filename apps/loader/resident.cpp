@@ -3,6 +3,7 @@
 #include "common/window_class.h"
 
 #include "loader/channel.h"
+#include "loader/desktops.h"
 #include "loader/guard.h"
 #include "loader/output.h"
 #include "loader/status.h"
@@ -43,11 +44,8 @@ void RestoreAll() noexcept {
 }
 
 bool HasDesktop(unsigned wanted) noexcept {
-    char name[261] = {};
-    unsigned id = 0;
-    for (unsigned index = 0; boundLibrary->getDesktop(index, name, sizeof(name), &id); ++index)
-        if (id == wanted) return true;
-    return false;
+    const std::vector<NamedDesktop> desktops = DesktopsOf(*boundLibrary);
+    return std::any_of(desktops.begin(), desktops.end(), [=](const NamedDesktop& one) { return one.id == wanted; });
 }
 
 void RestartSettings() noexcept {

@@ -1,17 +1,16 @@
 #include "loader/status.h"
 
-#include "common/handles.h"
+#include "common/wide_text_buffer.h"
+#include "loader/desktops.h"
 #include "loader/excluded.h"
+#include "loader/running_programs.h"
 #include "process/protocol.h"
 
-#include <tlhelp32.h>
 #include <vector>
 
 namespace halyard::loader {
 
 namespace {
-
-constexpr unsigned NameRoom = 261;
 
 struct DesktopStatus {
     unsigned id;
@@ -46,46 +45,20 @@ std::vector<std::string> Failures(HWND server) {
     }
 }
 
-bool HasLibrary(DWORD process) noexcept {
-    const HANDLE found = CreateToolhelp32Snapshot(TH32CS_SNAPMODULE, process);
-    if (found == INVALID_HANDLE_VALUE) return false;
-    const KernelHandle snapshot(found);
-    MODULEENTRY32 module = {};
-    module.dwSize = sizeof(module);
-    for (BOOL more = Module32First(found, &module); more; more = Module32Next(found, &module))
-        if (lstrcmpiA(module.szModule, "tvlHalyd.dll") == 0) return true;
-    return false;
-}
-
-// Those of this program's bitness, and without those that the system guards from this user.
-std::vector<std::string> ProgramsInside() {
-    std::vector<std::string> programs;
-    const HANDLE found = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
-    if (found == INVALID_HANDLE_VALUE) return programs;
-    const KernelHandle snapshot(found);
-    PROCESSENTRY32 process = {};
-    process.dwSize = sizeof(process);
-    for (BOOL more = Process32First(found, &process); more; more = Process32Next(found, &process))
-        if (process.th32ProcessID != GetCurrentProcessId() && HasLibrary(process.th32ProcessID))
-            programs.push_back(std::string(process.szExeFile) + " (" + std::to_string(process.th32ProcessID) + ")");
-    return programs;
-}
-
 Status Ask(const Library& library, DWORD guard) {
     const HWND server = library.getServerHwnd();
     Status status = {};
-    library.getCurrentDesktopId(&status.current);
+    status.current = CurrentDesktop(library);
     status.enabled = library.isEnabled() != 0;
     // The current desktop again is no switch; the answer tells whether the hooks are in.
     status.hooked = library.setActiveDesktop(status.current) != 0;
-    char name[NameRoom] = {};
-    unsigned id = 0;
-    for (unsigned index = 0; library.getDesktop(index, name, sizeof(name), &id); ++index)
-        status.desktops.push_back({id, name, WindowsOn(server, id)});
+    for (const NamedDesktop& desktop : DesktopsOf(library))
+        status.desktops.push_back({desktop.id, desktop.name, WindowsOn(server, desktop.id)});
     status.everywhere = WindowsOn(server, AllDesktopsId);
     status.guard = guard;
     status.failures = Failures(server);
-    status.inside = ProgramsInside();
+    for (const RunningProgram& program : ProgramsInside())
+        status.inside.push_back(program.name + " (" + std::to_string(program.process) + ")");
     status.excluded = ExcludedPrograms();
     return status;
 }
@@ -101,18 +74,15 @@ void AppendHex(std::string& json, unsigned value) {
         json += Digits[value >> shift & 15];
 }
 
-// A text of the ANSI code page as a JSON string, which is all ASCII.
+// A JSON string which is all ASCII.
 std::string Quoted(const std::string& text) {
-    std::vector<wchar_t> wide(text.size() + 1);
-    const int length = MultiByteToWideChar(CP_ACP, 0, text.data(), static_cast<int>(text.size()), wide.data(),
-                                           static_cast<int>(wide.size()));
+    const WideTextBuffer wide(text.c_str());
     std::string json = "\"";
-    for (int index = 0; index < length; ++index) {
-        const unsigned value = wide[static_cast<std::size_t>(index)];
-        if (value < 0x20 || value > 0x7E || value == '"' || value == '\\')
-            AppendHex(json, value);
+    for (const wchar_t* at = wide.Text(); *at; ++at) {
+        if (*at < 0x20 || *at > 0x7E || *at == '"' || *at == '\\')
+            AppendHex(json, *at);
         else
-            json += static_cast<char>(value);
+            json += static_cast<char>(*at);
     }
     return json + "\"";
 }

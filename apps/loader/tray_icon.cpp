@@ -1,5 +1,8 @@
 #include "loader/tray_icon.h"
 
+#include "common/entry.h"
+#include "common/wide_text_buffer.h"
+#include "loader/desktops.h"
 #include "loader/tray_menu.h"
 #include "settings/registry_key.h"
 #include "settings/store.h"
@@ -12,25 +15,27 @@ namespace {
 
 constexpr UINT IconId = 1;
 constexpr UINT UpdatePeriod = 500;  // ms
-constexpr unsigned NameRoom = 261;
-
-unsigned CurrentDesktop(const Library& library) noexcept {
-    unsigned id = 0;
-    library.getCurrentDesktopId(&id);
-    return id;
-}
+constexpr int TipRoom = 64;
 
 // The place of the current desktop in the list, from 1.
 unsigned PlaceOfCurrent(const Library& library, std::string& name) {
     const unsigned current = CurrentDesktop(library);
-    char text[NameRoom] = {};
-    unsigned id = 0;
-    for (unsigned index = 0; library.getDesktop(index, text, sizeof(text), &id); ++index) {
-        if (id != current) continue;
-        name = text;
-        return index + 1;
+    unsigned place = 0;
+    for (const NamedDesktop& desktop : DesktopsOf(library)) {
+        ++place;
+        if (desktop.id != current) continue;
+        name = desktop.name;
+        return place;
     }
     return 1;
+}
+
+// The library of the notification area has no wide form on the oldest systems.
+BOOL NotifyWide(DWORD action, NOTIFYICONDATAW& data, const char* tip) noexcept {
+    const auto notify = EntryOf<decltype(&Shell_NotifyIconW)>(GetModuleHandleA("shell32.dll"), "Shell_NotifyIconW");
+    data.cbSize = NOTIFYICONDATAW_V1_SIZE;
+    lstrcpynW(data.szTip, WideTextBuffer(tip).Text(), TipRoom);
+    return notify && notify(action, &data);
 }
 
 // A small plate with the number on it: coloured while the system is on, else grey.
@@ -107,16 +112,22 @@ void TrayIcon::Update() noexcept {
 }
 
 bool TrayIcon::Notify(DWORD action) noexcept {
-    NOTIFYICONDATAA data = {};
-    // The size that the oldest systems know.
-    data.cbSize = NOTIFYICONDATAA_V1_SIZE;
+    NOTIFYICONDATAW data = {};
     data.hWnd = owner;
     data.uID = IconId;
     data.uFlags = NIF_ICON | NIF_MESSAGE | NIF_TIP;
     data.uCallbackMessage = CallbackMessage;
     data.hIcon = icon.get();
-    lstrcpynA(data.szTip, tip.c_str(), 64);
-    return Shell_NotifyIconA(action, &data) != FALSE;
+    if (TakesWideText()) return NotifyWide(action, data, tip.c_str()) != FALSE;
+    NOTIFYICONDATAA narrow = {};
+    narrow.cbSize = NOTIFYICONDATAA_V1_SIZE;
+    narrow.hWnd = data.hWnd;
+    narrow.uID = data.uID;
+    narrow.uFlags = data.uFlags;
+    narrow.uCallbackMessage = data.uCallbackMessage;
+    narrow.hIcon = data.hIcon;
+    lstrcpynA(narrow.szTip, tip.c_str(), TipRoom);
+    return Shell_NotifyIconA(action, &narrow) != FALSE;
 }
 
 TrayRequest TrayIcon::OnCallback(LPARAM event) noexcept {

@@ -1,6 +1,8 @@
 #include "loader/tray_menu.h"
 
 #include "common/handles.h"
+#include "common/window_text.h"
+#include "loader/desktops.h"
 #include "process/protocol.h"
 
 #include <string>
@@ -9,8 +11,6 @@
 namespace halyard::loader {
 
 namespace {
-
-constexpr unsigned NameRoom = 261;
 
 enum Item : UINT {
     EnabledItem = 1,
@@ -22,36 +22,6 @@ enum Item : UINT {
     FirstDesktopItem = 100,
     FirstWindowItem = 2000
 };
-
-struct NamedDesktop {
-    unsigned id;
-    std::string name;
-};
-
-std::vector<NamedDesktop> DesktopsOf(const Library& library) {
-    std::vector<NamedDesktop> desktops;
-    char name[NameRoom] = {};
-    unsigned id = 0;
-    for (unsigned index = 0; library.getDesktop(index, name, sizeof(name), &id); ++index)
-        desktops.push_back({id, name});
-    return desktops;
-}
-
-unsigned Current(const Library& library) noexcept {
-    unsigned id = 0;
-    library.getCurrentDesktopId(&id);
-    return id;
-}
-
-// A menu takes a single "&" for the mark of the next letter.
-std::string ShownAsItIs(const std::string& text) {
-    std::string shown;
-    for (const char character : text) {
-        if (character == '&') shown += '&';
-        shown += character;
-    }
-    return shown;
-}
 
 struct ListedWindow {
     HWND window;
@@ -68,13 +38,14 @@ struct Listing {
 // them.
 BOOL CALLBACK List(HWND window, LPARAM target) {
     auto& listing = *reinterpret_cast<Listing*>(target);
-    char title[NameRoom] = {};
     const auto mark = reinterpret_cast<ULONG_PTR>(GetPropA(window, HiddenMark));
     const LONG style = GetWindowLongA(window, GWL_STYLE);
     const bool isKnown = (style & WS_CAPTION) == WS_CAPTION && !GetWindow(window, GW_OWNER) &&
                          !(GetWindowLongA(window, GWL_EXSTYLE) & WS_EX_TOOLWINDOW);
-    if (!isKnown || (!mark && !(style & WS_VISIBLE)) || !GetWindowTextA(window, title, sizeof(title))) return TRUE;
-    listing.windows.push_back({window, mark ? static_cast<unsigned>(mark - 1) : listing.current, title});
+    if (!isKnown || (!mark && !(style & WS_VISIBLE))) return TRUE;
+    const TextBuffer title = WindowTextOf(window);
+    if (title.IsEmpty()) return TRUE;
+    listing.windows.push_back({window, mark ? static_cast<unsigned>(mark - 1) : listing.current, title.Text()});
     return TRUE;
 }
 
@@ -88,13 +59,13 @@ UINT Track(HWND owner, HMENU menu) noexcept {
 }
 
 void AppendDesktop(HMENU menu, const NamedDesktop& desktop, std::size_t index, unsigned current) {
-    AppendMenuA(menu, MF_STRING | (desktop.id == current ? MF_CHECKED : 0), FirstDesktopItem + index,
-                ShownAsItIs(desktop.name).c_str());
+    AppendMenuText(menu, MF_STRING | (desktop.id == current ? MF_CHECKED : 0), FirstDesktopItem + index,
+                   WithoutMenuMarks(desktop.name.c_str()).Text());
 }
 
 void GoTo(const Library& library, const ListedWindow& target) noexcept {
     HWND server = library.getServerHwnd();
-    const unsigned current = Current(library);
+    const unsigned current = CurrentDesktop(library);
     if (GetKeyState(VK_SHIFT) < 0)
         SendMessageA(server, HM_WINDOW_ATTACH, reinterpret_cast<WPARAM>(target.window), static_cast<LPARAM>(current));
     else if (target.desktop != current)
@@ -131,14 +102,14 @@ TrayRequest Run(HWND owner, const Library& library, UINT chosen, const std::vect
 void ShowWindowsMenu(HWND owner, const Library& library) noexcept {
     const Menu menu(CreatePopupMenu());
     const std::vector<NamedDesktop> desktops = DesktopsOf(library);
-    Listing listing = {Current(library), {}};
+    Listing listing = {CurrentDesktop(library), {}};
     EnumWindows(List, reinterpret_cast<LPARAM>(&listing));
     for (std::size_t index = 0; index < desktops.size(); ++index) {
         AppendDesktop(menu.get(), desktops[index], index, listing.current);
         for (std::size_t number = 0; number < listing.windows.size(); ++number)
             if (listing.windows[number].desktop == desktops[index].id)
-                AppendMenuA(menu.get(), MF_STRING, FirstWindowItem + number,
-                            ("      " + ShownAsItIs(listing.windows[number].title)).c_str());
+                AppendMenuText(menu.get(), MF_STRING, FirstWindowItem + number,
+                               WithoutMenuMarks(("      " + listing.windows[number].title).c_str()).Text());
     }
     const UINT chosen = Track(owner, menu.get());
     if (chosen >= FirstWindowItem && chosen - FirstWindowItem < listing.windows.size())
@@ -151,7 +122,7 @@ TrayRequest ShowMainMenu(HWND owner, const Library& library) noexcept {
     const Menu menu(CreatePopupMenu());
     const std::vector<NamedDesktop> desktops = DesktopsOf(library);
     for (std::size_t index = 0; index < desktops.size(); ++index)
-        AppendDesktop(menu.get(), desktops[index], index, Current(library));
+        AppendDesktop(menu.get(), desktops[index], index, CurrentDesktop(library));
     AppendMenuA(menu.get(), MF_SEPARATOR, 0, nullptr);
     AppendMenuA(menu.get(), MF_STRING | (library.isEnabled() ? MF_CHECKED : 0), EnabledItem, "&Enabled");
     AppendMenuA(menu.get(), MF_STRING, PropertiesItem, "&Properties...");

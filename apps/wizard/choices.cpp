@@ -2,6 +2,7 @@
 
 #include "autostart/autostart.h"
 #include "common/handles.h"
+#include "common/wide_text_buffer.h"
 #include "process/protocol.h"
 #include "settings/registry_key.h"
 #include "settings/store.h"
@@ -58,6 +59,19 @@ HotkeyModifiers Proposed(HWND window, DWORD key) {
     return {};
 }
 
+std::string KeyName(UINT scanCode) {
+    constexpr int Room = 32;
+    const auto key = static_cast<LONG>(scanCode << 16);
+    if (TakesWideText()) {
+        wchar_t wide[Room] = {};
+        GetKeyNameTextW(key, wide, Room);
+        return Narrow(wide).Text();
+    }
+    char name[Room] = {};
+    GetKeyNameTextA(key, name, Room);
+    return name;
+}
+
 void ReadKeys(HWND window, Choices& choices) {
     RegistryKey key;
     OpenHotkeysKey(key, KeyUse::Read);
@@ -75,8 +89,7 @@ void ReadNames(Choices& choices) {
     RegistryKey desktops;
     const bool open = OpenDesktopsKey(desktops, KeyUse::Read);
     choices.names[0] = "Default";
-    char name[261];
-    const bool any = open && desktops.SubkeyName(0, name);
+    const bool any = open && !desktops.SubkeyName(0).IsEmpty();
     for (unsigned desktop = 1; desktop < DesktopCount; ++desktop) {
         RegistryKey one;
         if (open && one.Open(desktops.get(), std::to_string(desktop).c_str(), KEY_READ))
@@ -153,10 +166,7 @@ std::string KeyText(const HotkeyModifiers& binding) {
     if (binding.win) text += "Window + ";
     if (binding.key == VK_RIGHT) return text + "Right";
     if (binding.key == VK_LEFT) return text + "Left";
-    char name[32] = {};
-    const UINT scan = MapVirtualKeyA(binding.key, 0);
-    GetKeyNameTextA(static_cast<LONG>(scan << 16), name, sizeof(name));
-    return text + name;
+    return text + KeyName(MapVirtualKeyA(binding.key, 0));
 }
 
 bool MayChoose() {

@@ -1,6 +1,7 @@
 // The first-run wizard: three pages, after which the system is on. Cancelled, it changes nothing. The server starts it
 // with the switch /halyard, the user without one; both are the same.
 #include "autostart/autostart.h"
+#include "common/window_text.h"
 #include "wizard/choices.h"
 #include "wizard/pictures.h"
 #include "wizard/resource_ids.h"
@@ -15,9 +16,7 @@ namespace {
 Choices choices;  // of the one wizard that this process shows
 
 std::string TextOf(HWND page, int control) {
-    char text[261] = {};
-    GetDlgItemTextA(page, control, text, sizeof(text));
-    return text;
+    return WindowTextOf(GetDlgItem(page, control)).Text();
 }
 
 void Check(HWND page, int control, bool on) {
@@ -65,12 +64,13 @@ INT_PTR CALLBACK FeaturesProc(HWND page, UINT message, WPARAM, LPARAM lParam) {
 void ShowDesktops(HWND page) {
     for (unsigned desktop = 0; desktop < DesktopCount; ++desktop) {
         const int index = static_cast<int>(desktop);
-        SetDlgItemTextA(page, IDC_DESKTOP_KEY + index, KeyText(choices.desktopKeys[desktop]).c_str());
-        if (desktop > 0) SetDlgItemTextA(page, IDC_DESKTOP_NAME + index - 1, choices.names[desktop].c_str());
+        SetWindowTextOf(GetDlgItem(page, IDC_DESKTOP_KEY + index), KeyText(choices.desktopKeys[desktop]).c_str());
+        if (desktop > 0)
+            SetWindowTextOf(GetDlgItem(page, IDC_DESKTOP_NAME + index - 1), choices.names[desktop].c_str());
     }
     const std::string walk =
         "The next desktop: " + KeyText(choices.nextKey) + "\r\nThe previous one: " + KeyText(choices.previousKey);
-    SetDlgItemTextA(page, IDC_WALK_KEYS, walk.c_str());
+    SetWindowTextOf(GetDlgItem(page, IDC_WALK_KEYS), walk.c_str());
     Check(page, IDC_USE_KEYS, choices.usesKeys);
 }
 
@@ -104,7 +104,7 @@ void ShowSummary(HWND page) {
         text += "\r\n\r\n" + KeyText(choices.nextKey) + " takes you to the next desktop, " +
                 KeyText(choices.desktopKeys[0]) + " back to the first.";
     text += "\r\n\r\nHalyard's icon beside the clock shows the desktops, opens the settings and ends Halyard.";
-    SetDlgItemTextA(page, IDC_SUMMARY, text.c_str());
+    SetWindowTextOf(GetDlgItem(page, IDC_SUMMARY), text.c_str());
 }
 
 INT_PTR CALLBACK StartProc(HWND page, UINT message, WPARAM, LPARAM lParam) {

@@ -1,6 +1,6 @@
 #include "crash/module_version.h"
 
-#include "common/text_buffer.h"
+#include "common/wide_text_buffer.h"
 #include "process/profile.h"
 
 #include <winver.h>
@@ -9,9 +9,10 @@ namespace halyard {
 
 namespace {
 
+// The path is a text of the kind that the platform takes.
 struct VersionEntries {
-    decltype(&GetFileVersionInfoSizeA) size;
-    decltype(&GetFileVersionInfoA) info;
+    DWORD(WINAPI* size)(const void* path, DWORD* unused);
+    BOOL(WINAPI* info)(const void* path, DWORD unused, DWORD size, void* block);
     decltype(&VerQueryValueA) value;
 };
 
@@ -21,17 +22,21 @@ VersionEntries entries;
 
 void FetchVersionEntries() noexcept {
     const HMODULE library = LoadLibraryA("version.dll");
-    entries.size = EntryOf<decltype(entries.size)>(library, "GetFileVersionInfoSizeA");
-    entries.info = EntryOf<decltype(entries.info)>(library, "GetFileVersionInfoA");
+    entries.size = EntryOf<decltype(entries.size)>(library, TakesWideText() ? "GetFileVersionInfoSizeW"
+                                                                            : "GetFileVersionInfoSizeA");
+    entries.info =
+        EntryOf<decltype(entries.info)>(library, TakesWideText() ? "GetFileVersionInfoW" : "GetFileVersionInfoA");
     entries.value = EntryOf<decltype(entries.value)>(library, "VerQueryValueA");
 }
 
 ModuleVersion::ModuleVersion(const char* path) noexcept : text{} {
     if (!entries.size || !entries.info || !entries.value) return;
     DWORD unused = 0;
-    const DWORD size = entries.size(path, &unused);
+    const WideTextBuffer widePath(path);
+    const void* place = TakesWideText() ? static_cast<const void*>(widePath.Text()) : path;
+    const DWORD size = entries.size(place, &unused);
     TextBuffer block;
-    if (size == 0 || !block.Reserve(size) || !entries.info(path, 0, size, block.Room())) return;
+    if (size == 0 || !block.Reserve(size) || !entries.info(place, 0, size, block.Room())) return;
     VS_FIXEDFILEINFO* fixed = nullptr;
     UINT length = 0;
     if (!entries.value(block.Room(), "\\", reinterpret_cast<void**>(&fixed), &length) || length < sizeof(*fixed))

@@ -62,7 +62,8 @@ TEST_F(DesktopListTest, ComesBackAsItWasSavedInEitherHive) {
         list.Add("Mail", 1);
         list.Add(nullptr, 10);
         Desktop& mail = *list.Find(1);
-        mail.wallpaper = "C:\\pictures\\m\xE4r.bmp";
+        mail.name = "\u041F\u043E\u0447\u0442\u0430";
+        mail.wallpaper = "C:\\pictures\\\u6D77.bmp";
         mail.wallpaperStyle = 2;
         mail.colour = 0x123456;
         // What has gone from the list, and what never belonged there.
