@@ -44,6 +44,7 @@ inline constexpr char UsageText[] =
     "  --exclude PROGRAM   keeps Halyard out of the program with that path\n"
     "  --include PROGRAM   takes that back\n"
     "  --excluded          lists the programs that Halyard keeps out of\n"
+    "  --programs          shows the programs that Halyard takes part in, and why it treats their windows as it does\n"
     "  --autostart on|off  whether Halyard starts when you log on\n";
 
 }  // namespace halyard::loader

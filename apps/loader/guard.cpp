@@ -1,6 +1,7 @@
 #include "loader/guard.h"
 
 #include "loader/channel.h"
+#include "loader/start_self.h"
 #include "server/rescue.h"
 
 #include <cstdio>
@@ -13,23 +14,6 @@ constexpr DWORD ShortGuard = 1000;  // ms
 constexpr unsigned MostShortGuards = 5;
 // A server that dies this soon would be started again for ever.
 constexpr DWORD ShortServer = 5000;  // ms that its guard has seen of it
-constexpr int PathRoom = MAX_PATH + 2;
-
-// Starts this program with the given switches; `id` becomes the new process's. Null on failure.
-KernelHandle StartSelf(const char* switches, DWORD& id) noexcept {
-    char path[PathRoom] = {};
-    GetModuleFileNameA(nullptr, path, MAX_PATH);
-    char line[PathRoom + 32];
-    std::snprintf(line, sizeof(line), "\"%s\"%s", path, switches);
-    STARTUPINFOA startup = {};
-    startup.cb = sizeof(startup);
-    PROCESS_INFORMATION started = {};
-    // No handle is inherited: whoever reads this program's output would wait for the end of the new one as well.
-    if (!CreateProcessA(path, line, nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &started)) return {};
-    const KernelHandle thread(started.hThread);
-    id = started.dwProcessId;
-    return KernelHandle(started.hProcess);
-}
 
 KernelHandle GoodbyeEvent(DWORD resident) noexcept {
     char name[40];

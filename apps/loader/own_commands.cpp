@@ -2,8 +2,9 @@
 
 #include "autostart/autostart.h"
 #include "loader/command.h"
-#include "loader/excluded.h"
 #include "loader/output.h"
+#include "programs/program_keys.h"
+#include "programs/programs_window.h"
 
 #include <cstring>
 #include <string>
@@ -25,7 +26,7 @@ int Help(const char*) {
 }
 
 int SetExclusion(const char* program, bool excluded) {
-    if (!SetExcludedProgram(program, excluded)) {
+    if (!programs::SetExcludedProgram(program, excluded)) {
         PrintError("tvlhload: this can't be stored\n");
         return Failed;
     }
@@ -42,9 +43,13 @@ int Include(const char* program) {
 }
 
 int PrintExcluded(const char*) {
-    for (const std::string& program : ExcludedPrograms())
+    for (const std::string& program : programs::ExcludedPrograms())
         Print(program + "\n");
     return Done;
+}
+
+int Programs(const char*) {
+    return programs::ShowPrograms() ? Done : Failed;
 }
 
 int Autostart(const char* state) {
@@ -61,11 +66,9 @@ struct OwnCommand {
     int (*run)(const char* operand);
 };
 
-constexpr OwnCommand OwnCommands[] = {{"--help", 0, Help},
-                                      {"--exclude", 1, Exclude},
-                                      {"--include", 1, Include},
-                                      {"--excluded", 0, PrintExcluded},
-                                      {"--autostart", 1, Autostart}};
+constexpr OwnCommand OwnCommands[] = {{"--help", 0, Help},         {"--exclude", 1, Exclude},
+                                      {"--include", 1, Include},   {"--excluded", 0, PrintExcluded},
+                                      {"--programs", 0, Programs}, {"--autostart", 1, Autostart}};
 
 }  // namespace
 

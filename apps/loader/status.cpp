@@ -2,9 +2,9 @@
 
 #include "common/wide_text_buffer.h"
 #include "loader/desktops.h"
-#include "loader/excluded.h"
-#include "loader/running_programs.h"
 #include "process/protocol.h"
+#include "programs/program_keys.h"
+#include "programs/running_programs.h"
 
 #include <vector>
 
@@ -57,9 +57,9 @@ Status Ask(const Library& library, DWORD guard) {
     status.everywhere = WindowsOn(server, AllDesktopsId);
     status.guard = guard;
     status.failures = Failures(server);
-    for (const RunningProgram& program : ProgramsInside())
+    for (const programs::RunningProgram& program : programs::ProgramsInside())
         status.inside.push_back(program.name + " (" + std::to_string(program.process) + ")");
-    status.excluded = ExcludedPrograms();
+    status.excluded = programs::ExcludedPrograms();
     return status;
 }
 

@@ -3,6 +3,7 @@
 #include "common/handles.h"
 #include "common/window_text.h"
 #include "loader/desktops.h"
+#include "loader/start_self.h"
 #include "process/protocol.h"
 
 #include <string>
@@ -16,6 +17,7 @@ enum Item : UINT {
     EnabledItem = 1,
     PropertiesItem,
     RestoreItem,
+    ProgramsItem,
     HelpItem,
     AboutItem,
     ExitItem,
@@ -73,6 +75,12 @@ void GoTo(const Library& library, const ListedWindow& target) noexcept {
     SetForegroundWindow(target.window);
 }
 
+// In a process of its own: it looks into all others, which takes a while.
+void ShowPrograms() noexcept {
+    DWORD id = 0;
+    const KernelHandle started = StartSelf(" --programs", id);
+}
+
 void ShowHelp(HWND owner) noexcept {
     MessageBoxA(owner,
                 "Left click: the desktops with their windows. With Shift, a window comes to this desktop.\n"
@@ -86,6 +94,7 @@ TrayRequest Run(HWND owner, const Library& library, UINT chosen, const std::vect
     switch (chosen) {
     case EnabledItem: library.isEnabled() ? library.disable() : library.enable(); break;
     case PropertiesItem: library.doConfigDlg(0); break;
+    case ProgramsItem: ShowPrograms(); break;
     case HelpItem: ShowHelp(owner); break;
     case AboutItem: MessageBoxA(owner, "Halyard " HALYARD_VERSION, "Halyard", MB_ICONINFORMATION); break;
     case RestoreItem: return TrayRequest::RestoreAll;
@@ -126,6 +135,7 @@ TrayRequest ShowMainMenu(HWND owner, const Library& library) noexcept {
     AppendMenuA(menu.get(), MF_SEPARATOR, 0, nullptr);
     AppendMenuA(menu.get(), MF_STRING | (library.isEnabled() ? MF_CHECKED : 0), EnabledItem, "&Enabled");
     AppendMenuA(menu.get(), MF_STRING, PropertiesItem, "&Properties...");
+    AppendMenuA(menu.get(), MF_STRING, ProgramsItem, "Pro&grams...");
     AppendMenuA(menu.get(), MF_STRING, RestoreItem, "&Restore all windows");
     AppendMenuA(menu.get(), MF_SEPARATOR, 0, nullptr);
     AppendMenuA(menu.get(), MF_STRING, HelpItem, "&Help");

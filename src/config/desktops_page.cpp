@@ -1,4 +1,5 @@
 #include "common/handles.h"
+#include "common/list_view.h"
 #include "common/row.h"
 #include "config/page_messages.h"
 #include "config/pages.h"
@@ -89,6 +90,7 @@ void FillRows(HWND list) noexcept {
 INT_PTR OnInit(HWND page) noexcept {
     HWND list = ListOf(page);
     GiveListImages(list);
+    UseWideText(list);
     RECT client = {};
     GetClientRect(list, &client);
     const int markWidth = client.right / 4;

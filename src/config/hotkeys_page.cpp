@@ -1,5 +1,6 @@
-#include "config/page_messages.h"
+#include "common/list_view.h"
 #include "common/window_text.h"
+#include "config/page_messages.h"
 #include "config/pages.h"
 #include "config/sheet.h"
 #include "config/sheet_controls.h"

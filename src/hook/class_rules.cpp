@@ -49,13 +49,13 @@ constexpr const char* ExcludedClasses[] = {"SysShadow",
                                            "SysTreeView32",
                                            nullptr};
 
-constexpr std::uint32_t Child = 0x40000000;
+constexpr std::uint32_t ChildWindow = 0x40000000;
 constexpr std::uint32_t ClipChildren = 0x02000000;
 constexpr std::uint32_t Caption = 0x00C00000;
 constexpr std::uint32_t MinimizeBox = 0x00020000;
 constexpr std::uint32_t MaximizeBox = 0x00010000;
 constexpr std::uint32_t OverlappedWindow = 0x00CF0000;
-constexpr std::uint32_t CaptionWithBoxes = Caption | MinimizeBox | MaximizeBox;
+constexpr std::uint32_t BoxedCaption = Caption | MinimizeBox | MaximizeBox;
 constexpr std::uint32_t FullPopup = 0x80C80000;  // WS_POPUP, WS_CAPTION, WS_SYSMENU
 constexpr std::uint32_t ExAppWindow = 0x00040000;
 constexpr std::uint32_t ExWindowEdge = 0x00000100;
@@ -90,24 +90,30 @@ bool IsMemoryExcludedClass(const char* name) noexcept {
     return InList(name, MemoryExcludedClasses);
 }
 
-bool IsManaged(const WindowTraits& window) noexcept {
+ManagedRule RuleFor(const WindowTraits& window) noexcept {
+    using enum ManagedRule;
     const std::uint32_t style = window.style;
-    if (style & Child) return false;
-    if (window.classAtom == DialogAtom) return (style & (MinimizeBox | MaximizeBox)) != 0;
-    if (window.classAtom >= FirstSystemAtom && window.classAtom <= LastSystemAtom) return false;
-    if (IsExcludedClass(window.className)) return false;
-    if (window.hasParent && !HasAll(style, FullPopup)) return (window.parentStyle & ClipChildren) == 0;
-    if (window.exStyle & ExAppWindow) return true;
-    if (HasAll(style, OverlappedWindow)) return true;
-    if (HasAll(style, CaptionWithBoxes)) return true;
-    if (window.hasOwner) return false;
-    if (!(window.exStyle & ExWindowEdge)) return false;
-    return HasAll(style, Caption);
+    if (style & ChildWindow) return Child;
+    if (window.classAtom == DialogAtom) return style & (MinimizeBox | MaximizeBox) ? DialogWithBox : DialogWithoutBox;
+    if (window.classAtom >= FirstSystemAtom && window.classAtom <= LastSystemAtom) return SystemClass;
+    if (IsExcludedClass(window.className)) return ExcludedClass;
+    if (window.hasParent && !HasAll(style, FullPopup))
+        return window.parentStyle & ClipChildren ? OwnedByFrame : OwnedBySimple;
+    if (window.exStyle & ExAppWindow) return AsksForButton;
+    if (HasAll(style, OverlappedWindow)) return FullFrame;
+    if (HasAll(style, BoxedCaption)) return CaptionWithBoxes;
+    if (window.hasOwner) return Owned;
+    if (!(window.exStyle & ExWindowEdge)) return NoEdge;
+    return HasAll(style, Caption) ? CaptionWithEdge : NoCaption;
+}
+
+bool IsManaged(const WindowTraits& window) noexcept {
+    return IsManagedBy(RuleFor(window));
 }
 
 bool IsDialog(const WindowTraits& window) noexcept {
     const std::uint32_t style = window.style;
-    if (style & Child) return false;
+    if (style & ChildWindow) return false;
     if (HasAll(style, OverlappedWindow)) return false;
     if (IsExcludedClass(window.className)) return false;
     if (window.classAtom == DialogAtom) return !HasAll(style, MinimizeBox | MaximizeBox);
@@ -116,7 +122,7 @@ bool IsDialog(const WindowTraits& window) noexcept {
 }
 
 bool Qualifies(const WindowTraits& window) noexcept {
-    return HasAll(window.style, CaptionWithBoxes) && !(window.exStyle & ExToolWindow) &&
+    return HasAll(window.style, BoxedCaption) && !(window.exStyle & ExToolWindow) &&
            !IsMemoryExcludedClass(window.className);
 }
 

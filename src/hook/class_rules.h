@@ -23,6 +23,29 @@ void NormaliseClassName(char* name) noexcept;
 bool IsExcludedClass(const char* name) noexcept;
 bool IsMemoryExcludedClass(const char* name) noexcept;
 
+// What decides whether a window is managed; the first that applies.
+enum class ManagedRule {
+    DialogWithBox,
+    OwnedBySimple,
+    AsksForButton,
+    FullFrame,
+    CaptionWithBoxes,
+    CaptionWithEdge,
+    // From here on it isn't.
+    Child,
+    DialogWithoutBox,
+    SystemClass,
+    ExcludedClass,
+    OwnedByFrame,
+    Owned,
+    NoEdge,
+    NoCaption,
+};
+ManagedRule RuleFor(const WindowTraits& window) noexcept;
+constexpr bool IsManagedBy(ManagedRule rule) noexcept {
+    return rule < ManagedRule::Child;
+}
+
 // An application window: gets the menu extension, is reported to the server.
 bool IsManaged(const WindowTraits& window) noexcept;
 // Placed as a dialog. One of the two boxes makes a dialog box both managed and a dialog.

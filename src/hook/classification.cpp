@@ -1,6 +1,5 @@
 #include "hook/classification.h"
 
-#include "hook/class_rules.h"
 #include "process/window_long.h"
 
 namespace halyard {
@@ -39,6 +38,11 @@ WindowKind KindOf(HWND window) noexcept {
     const ClassName name(window);
     const WindowTraits traits = TraitsOf(window, name);
     return {IsManaged(traits), IsDialog(traits)};
+}
+
+ManagedRule RuleFor(HWND window) noexcept {
+    const ClassName name(window);
+    return RuleFor(TraitsOf(window, name));
 }
 
 bool QualifiesForWindowMemory(HWND window) noexcept {

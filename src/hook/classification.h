@@ -3,6 +3,7 @@
 
 #include "common/text_buffer.h"
 #include "common/win_types.h"
+#include "hook/class_rules.h"
 
 namespace halyard {
 
@@ -10,6 +11,9 @@ struct WindowKind {
     bool isManaged = false;
     bool isDialog = false;
 };
+
+// The rule that decides whether a window of any program is managed. Any thread.
+ManagedRule RuleFor(HWND window) noexcept;
 
 // A window that has gone has no style and no class, and passes none of the tests. Any thread.
 WindowKind KindOf(HWND window) noexcept;

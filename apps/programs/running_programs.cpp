@@ -1,4 +1,4 @@
-#include "loader/running_programs.h"
+#include "programs/running_programs.h"
 
 #include "common/entry.h"
 #include "common/handles.h"
@@ -6,7 +6,7 @@
 
 #include <tlhelp32.h>
 
-namespace halyard::loader {
+namespace halyard::programs {
 
 namespace {
 
@@ -56,4 +56,4 @@ std::vector<RunningProgram> ProgramsInside() {
     return programs;
 }
 
-}  // namespace halyard::loader
+}  // namespace halyard::programs

@@ -1,11 +1,10 @@
-#include "loader/excluded.h"
+#include "programs/program_keys.h"
 
 #include "common/wide_text_buffer.h"
-#include "settings/registry_key.h"
 
 #include <algorithm>
 
-namespace halyard::loader {
+namespace halyard::programs {
 
 namespace {
 
@@ -52,6 +51,10 @@ std::vector<std::string> ExcludedPrograms() {
     }
 }
 
+bool OpenProgramKey(RegistryKey& key, const std::string& path) {
+    return key.Open(HKEY_CURRENT_USER, (ProgramsKey() + "\\" + KeyName(path)).c_str(), KEY_READ);
+}
+
 bool SetExcludedProgram(const std::string& path, bool excluded) {
     RegistryKey key;
     if (!key.Create(HKEY_CURRENT_USER, (ProgramsKey() + "\\" + KeyName(path)).c_str())) return false;
@@ -59,4 +62,4 @@ bool SetExcludedProgram(const std::string& path, bool excluded) {
     return key.ReadBool(ValueName, !excluded) == excluded;
 }
 
-}  // namespace halyard::loader
+}  // namespace halyard::programs

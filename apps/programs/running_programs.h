@@ -5,7 +5,7 @@
 #include <vector>
 #include <windows.h>
 
-namespace halyard::loader {
+namespace halyard::programs {
 
 struct RunningProgram {
     DWORD process;
@@ -17,4 +17,4 @@ struct RunningProgram {
 // user.
 std::vector<RunningProgram> ProgramsInside();
 
-}  // namespace halyard::loader
+}  // namespace halyard::programs
