@@ -2,6 +2,7 @@
 
 #include "common/handles.h"
 #include "common/message_wait.h"
+#include "common/rectangles.h"
 #include "config/pages.h"
 #include "config/sheet.h"
 #include "config/sprites.h"
@@ -53,12 +54,28 @@ void Centre(HWND window) noexcept {
                  SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+// Left of the buttons.
+void AddAboutLine(HWND window) noexcept {
+    RECT button = {};
+    RECT tabs = {};
+    GetWindowRect(GetDlgItem(window, IDOK), &button);
+    GetWindowRect(reinterpret_cast<HWND>(SendMessageA(window, PSM_GETTABCONTROL, 0, 0)), &tabs);
+    MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&button), 2);
+    MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&tabs), 2);
+    HWND line = CreateWindowExA(0, "Static", "Halyard " HALYARD_VERSION, WS_CHILD | WS_VISIBLE | SS_CENTERIMAGE,
+                                tabs.left, button.top, button.left - tabs.left - 4, HeightOf(button), window, nullptr,
+                                profile.moduleInstance, nullptr);
+    SendMessageA(line, WM_SETFONT, static_cast<WPARAM>(SendMessageA(window, WM_GETFONT, 0, 0)), FALSE);
+    EnableWindow(line, FALSE);
+}
+
 void OnSheetMade(HWND window) noexcept {
     sheet.window = window;
     sheet.tip = CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, "tooltip window",
                                 WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT,
                                 CW_USEDEFAULT, window, nullptr, profile.moduleInstance, nullptr);
     Centre(window);
+    AddAboutLine(window);
 }
 
 // The template may be of either kind; the extended one begins with a version and a mark.

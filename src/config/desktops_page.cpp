@@ -5,6 +5,8 @@
 #include "config/pages.h"
 #include "config/sheet.h"
 #include "config/sheet_controls.h"
+#include "config/wallpaper_dialog.h"
+#include "desktops/background.h"
 #include "desktops/desktop_list.h"
 #include "desktops/desktop_switch.h"
 #include "hotkeys/hotkeys.h"
@@ -161,12 +163,27 @@ void OnActivate(HWND page) noexcept {
 }
 
 // The platform's own panel sets the wallpaper of the desktop that is current; it is kept when that desktop is left.
-void OnWallpaper(HWND page) noexcept {
+bool OpenPanel() noexcept {
     using ShellExecuteFn = HINSTANCE(WINAPI*)(HWND, const char*, const char*, const char*, const char*, INT);
-    SendMessageA(page, WM_COMMAND, IDC_ACTIVATE_DESKTOP, 0);
+    constexpr INT_PTR LastError = 32;  // of the numbers that the call gives in the place of a handle
     const Library shell(LoadLibraryA("shell32.dll"));
-    if (const auto shellExecute = EntryOf<ShellExecuteFn>(shell.get(), "ShellExecuteA"))
-        shellExecute(nullptr, "cplopen", "desk.cpl", nullptr, nullptr, SW_SHOWNORMAL);
+    const auto shellExecute = EntryOf<ShellExecuteFn>(shell.get(), "ShellExecuteA");
+    return shellExecute && reinterpret_cast<INT_PTR>(shellExecute(nullptr, "cplopen", "desk.cpl", nullptr, nullptr,
+                                                                  SW_SHOWNORMAL)) > LastError;
+}
+
+void OnWallpaper(HWND page) noexcept {
+    SendMessageA(page, WM_COMMAND, IDC_ACTIVATE_DESKTOP, 0);
+    if (OpenPanel()) return;
+    Desktop background(CurrentDesktopId(), "", 0);
+    RunOnServerThread([&] { CaptureBackground(background); });
+    if (ChooseBackground(GetParent(page), background))
+        RunOnServerThread([&] {
+            if (background.id == CurrentDesktopId())
+                ApplyBackground(background);
+            else
+                desktopList.StoreBackground(background);
+        });
 }
 
 void OnCommand(HWND page, int control) noexcept {

@@ -5,8 +5,7 @@
 
 namespace halyard {
 
-// Both only act in the server process, on the server's thread, after `BindCom`. Without the shell's object, wallpaper
-// and style stay as they are in the desktop and on the platform.
+// Both only act in the server process, on the server's thread, after `BindCom`.
 void CaptureBackground(Desktop& desktop) noexcept;
 void ApplyBackground(const Desktop& desktop) noexcept;
 

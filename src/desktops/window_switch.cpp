@@ -72,9 +72,11 @@ void RememberOrder(DesktopId left, const SeenRow& windows) noexcept {
     order->front = order->windows.Has(front) ? front : 0;
 }
 
-bool IsOwnProcess(WindowKey key) noexcept {
+// The sheet, or a dialog over it. Bars and the keeper have no caption.
+bool IsOwnDialog(WindowKey key) noexcept {
     DWORD process = 0;
-    return GetWindowThreadProcessId(WindowOf(key), &process) && process == GetCurrentProcessId();
+    GetWindowThreadProcessId(WindowOf(key), &process);
+    return process == GetCurrentProcessId() && (GetWindowLongA(WindowOf(key), GWL_STYLE) & WS_CAPTION) == WS_CAPTION;
 }
 
 struct Plan {
@@ -90,11 +92,12 @@ bool IsHiddenBy(const Plan& plan, WindowKey key) noexcept {
 }
 
 // A window that has the foreground keeps it if it belongs to the new desktop, or is the sheet in which the desktop was
-// chosen.
+// chosen. That is a dialog, which no desktop has.
 bool KeepsFront(const Plan& plan, WindowKey key, DesktopId current, bool switched) noexcept {
     if (!switched) return !IsHiddenBy(plan, key);
+    if (IsOwnDialog(key)) return true;
     const SeenWindow* window = plan.order.Has(key) ? FindSeen(plan.windows, key) : nullptr;
-    return window && (DesktopOf(plan.windows, *window) == current || IsOwnProcess(key));
+    return window && DesktopOf(plan.windows, *window) == current;
 }
 
 void DecideFront(Plan& plan, DesktopId current, bool switched) noexcept {

@@ -70,7 +70,9 @@ void SheetTest::SelectRow(int list, int row) {
     // Key by key, so that none is still on its way when the row is there.
     for (int now = static_cast<int>(selected()); now != row; now = static_cast<int>(selected())) {
         TapKey(now < row ? "Down" : "Up");
-        ASSERT_TRUE(Eventually([&] { return selected() != now; })) << "row " << now << " stays selected, not " << row;
+        ASSERT_TRUE(Eventually([&] { return selected() != now; }))
+            << "row " << now << " stays selected, not " << row << "; in front " << Describe(GetForegroundWindow())
+            << ", with the focus " << Describe(ThreadOf(SheetWindow()).hwndFocus);
     }
 }
 
