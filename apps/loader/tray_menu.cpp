@@ -1,10 +1,15 @@
 #include "loader/tray_menu.h"
 
+#include "common/entry.h"
 #include "common/handles.h"
+#include "common/wide_text_buffer.h"
 #include "common/window_text.h"
 #include "loader/desktops.h"
 #include "loader/start_self.h"
+#include "process/profile.h"
 #include "process/protocol.h"
+
+#include <shellapi.h>
 
 #include <string>
 #include <vector>
@@ -81,7 +86,23 @@ void ShowPrograms() noexcept {
     const KernelHandle started = StartSelf(" --programs", id);
 }
 
+// The pages lie beside the folders of the bitnesses. False where there are none, or nothing to show them.
+bool OpenGuide(HWND owner) {
+    const ModulePath own(nullptr);
+    const std::string page = std::string(own.text, own.FileName()) + "..\\guide\\index.html";
+    constexpr INT_PTR LastError = 32;  // of the numbers that the call gives in the place of a handle
+    if (!TakesWideText())
+        return reinterpret_cast<INT_PTR>(ShellExecuteA(owner, "open", page.c_str(), nullptr, nullptr, SW_SHOWNORMAL)) >
+               LastError;
+    using ShellExecuteFn = decltype(&ShellExecuteW);
+    const auto open = EntryOf<ShellExecuteFn>(GetModuleHandleA("shell32.dll"), "ShellExecuteW");
+    const WideTextBuffer path(page.c_str());
+    return GetFileAttributesW(path.Text()) != INVALID_FILE_ATTRIBUTES && open &&
+           reinterpret_cast<INT_PTR>(open(owner, L"open", path.Text(), nullptr, nullptr, SW_SHOWNORMAL)) > LastError;
+}
+
 void ShowHelp(HWND owner) noexcept {
+    if (OpenGuide(owner)) return;
     MessageBoxA(owner,
                 "Left click: the desktops with their windows. With Shift, a window comes to this desktop.\n"
                 "Right click: desktops, settings, and the way out.\n\n"

@@ -31,7 +31,7 @@ is_running() { halyard --status | grep -q '^current desktop'; }
 folder=$(wine cmd /c 'echo %LOCALAPPDATA%' 2>/dev/null | tr -d '\r' | xargs -0 winepath -u | head -1)/Programs/Halyard
 
 setup "$old" || fail "the old version can't be installed: $?"
-for file in halyard.exe uninstall.exe "$old/x86/tvlHalyd.dll" "$old/x64/tvlHalyd.dll"; do
+for file in halyard.exe uninstall.exe "$old/x86/tvlHalyd.dll" "$old/x64/tvlHalyd.dll" "$old/guide/index.html"; do
     [ -f "$folder/$file" ] || fail "$file is missing"
 done
 [ "$(value "$uninstallKey" DisplayVersion)" = "$old" ] || fail "the list of programs shows another version"
