@@ -112,7 +112,18 @@ void AddRow(HWND list, const ListedProgram& program) {
     SetListText(list, row, 3, program.process ? YesOrNo(treatment.docks) : "");
 }
 
-// The program that was chosen stays so.
+// The row of the program whose window is uppermost.
+BOOL CALLBACK FindUppermost(HWND window, LPARAM row) {
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    const auto same = [=](const ListedProgram& program) { return program.process == process; };
+    const auto found = std::find_if(listed.begin(), listed.end(), same);
+    if (!IsWindowVisible(window) || found == listed.end()) return TRUE;
+    *reinterpret_cast<int*>(row) = static_cast<int>(found - listed.begin());
+    return FALSE;
+}
+
+// The program that was chosen stays so; at first it is the one that the user worked with.
 void Fill(HWND dialog) {
     HWND list = ProgramList(dialog);
     const ListedProgram* before = Selected(dialog);
@@ -121,9 +132,10 @@ void Fill(HWND dialog) {
     SendMessageA(list, LVM_DELETEALLITEMS, 0, 0);
     listed = Collect();
     int chosen = 0;
+    if (path.empty()) EnumWindows(FindUppermost, reinterpret_cast<LPARAM>(&chosen));
     for (std::size_t index = 0; index < listed.size(); ++index) {
         AddRow(list, listed[index]);
-        if (listed[index].path == path) chosen = static_cast<int>(index);
+        if (!path.empty() && listed[index].path == path) chosen = static_cast<int>(index);
     }
     isFilling = false;
     SelectListRow(list, chosen);
