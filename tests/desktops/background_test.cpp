@@ -102,24 +102,22 @@ TEST_F(BackgroundTest, GoesWithItsDesktop) {
 }
 
 TEST_F(BackgroundTest, ThatTheShellConvertedIsLookedUpInTheRegistry) {
-    struct Case {
+    constexpr struct {
         const char* reported;
         const char* converted;
         const char* stored;
-    };
-    constexpr Case Cases[] = {{"C:\\data\\Wallpaper1.bmp", "C:\\b.jpg", "C:\\b.jpg"},
-                              {"C:\\data\\Wallpaper1.bmp", nullptr, "C:\\a.bmp"},
-                              {"C:\\data\\other.bmp", "C:\\b.jpg", "C:\\data\\other.bmp"}};
+    } Cases[] = {{"C:\\data\\Wallpaper1.bmp", nullptr, "C:\\a.bmp"},
+                 {"C:\\data\\Wallpaper1.bmp", "C:\\b.jpg", "C:\\b.jpg"},
+                 {"C:\\data\\other.bmp", "C:\\b.jpg", "C:\\data\\other.bmp"}};
     UseShellObject("standin_shell.dll");
     StartLoader();
     WriteText(ControlPanelKey, "Wallpaper", "C:\\a.bmp");
-    for (const Case& test : Cases) {
+    for (const auto& [reported, converted, stored] : Cases) {
         Switch(1);
-        Choose({test.reported, 0});
-        DeleteValue(ControlPanelKey, "ConvertedWallpaper");
-        if (test.converted) WriteText(ControlPanelKey, "ConvertedWallpaper", test.converted);
+        Choose({reported, 0});
+        if (converted) WriteText(ControlPanelKey, "ConvertedWallpaper", converted);
         Switch(0);
-        EXPECT_EQ(TextOf(DesktopKey(1), "Wallpaper"), test.stored) << "reported " << test.reported;
+        EXPECT_EQ(TextOf(DesktopKey(1), "Wallpaper"), stored) << "reported " << reported;
     }
 }
 

@@ -80,18 +80,6 @@ TEST_F(DesktopListTest, ComesBackAsItWasSavedInEitherHive) {
     }
 }
 
-TEST_F(DesktopListTest, MakesDoWithKeysThatCannotBeWritten) {
-    for (const char* id : {"1\\below", "2"})
-        MakeKey(Stored(id));
-    Restrict(Stored("2"));
-    list.Load();
-    EXPECT_EQ("0 1 2", Ids(list)) << "reading is enough";
-    list.Remove(1);
-    list.Add("three", 3);
-    list.Save();
-    EXPECT_EQ("three", TextOf(Stored("3"), nullptr)) << "though old keys stay";
-}
-
 TEST_F(DesktopListTest, TakesDefaultsForDamagedValues) {
     const std::string path = Stored("2");
     const std::string plain = std::to_string(GetSysColor(COLOR_BACKGROUND));
