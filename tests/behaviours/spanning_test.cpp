@@ -95,6 +95,12 @@ TEST_F(SpanningTest, FollowsTheDisplays) {
         AnnounceDisplays();
         EXPECT_TRUE(BecomesPlaced(frame.window, spanning)) << Describe(displays);
     }
+    Ask(frame.window, sample::ShowAs, SW_MINIMIZE);
+    AnnounceDisplays();
+    TellSettings(frame);
+    EXPECT_TRUE(IsIconic(frame.window)) << "displays that change don't bring it up";
+    PostMessageA(frame.window, WM_SYSCOMMAND, SC_RESTORE, 0);
+    EXPECT_TRUE(BecomesPlaced(frame.window, changes[4].second)) << "it spans again";
     PostMessageA(frame.window, WM_SYSCOMMAND, SC_RESTORE, 0);
     EXPECT_TRUE(BecomesPlaced(frame.window, {624, 150, 1024, 450})) << "within reach, since its display has gone";
 }

@@ -5,21 +5,16 @@ namespace halyard::test {
 
 namespace {
 
-// The read is volatile, so that the compiler leaves it here.
-__attribute__((noinline)) int Innermost(const volatile int* place) {
-    return *place + 1;
-}
-__attribute__((noinline)) int Inner(const int* place) {
-    return Innermost(place) * 3;
-}
-__attribute__((noinline)) int Outer(const int* place) {
-    return Inner(place) - 7;
+__attribute__((noinline)) int Innermost(const int* place) {
+    int value;
+    asm volatile("movl %2, %%ebx\n\tmovl (%1), %0" : "=r"(value) : "r"(place), "i"(HeldByRegister) : "ebx");
+    return value + 1;
 }
 
 }  // namespace
 
 int FaultDeep(const int* place) {
-    return Outer(place) ^ 5;
+    return Innermost(place) * 3;
 }
 
 }  // namespace halyard::test

@@ -8,28 +8,14 @@ namespace halyard::test {
 // Posted to the sample's window; wParam: a FaultKind.
 inline constexpr UINT FaultMessage = WM_APP + 1;
 inline constexpr char FaultTitle[] = "Faulting sample";
-inline constexpr char FaultEntry[] = "FaultForTest";
 
-// What faults is the library, but for the last. SymbolsHang is a Deep one while the debug-help library never answers.
-// clang-format off
-enum FaultKind : int {
-    Read, Execute, Divide, Deep, StackOverflow, Abort, TwoThreads, LoaderLocked, SymbolsHang, ProgramsOwn
-};
-// clang-format on
+// What faults is the library, but for the last. The two before it are deep ones too: the debug-help library never
+// answers, or the thread holds the loader's lock.
+enum FaultKind : int { Deep, Execute, Divide, StackOverflow, SymbolsHang, LoaderLocked, ProgramsOwn };
 
-// Faults with a place that can't be read.
+// Faults with a place that can't be read, while a register (EBX, RBX) holds that number.
 int FaultDeep(const int* place);
-
-// The faults as the sample saw them ahead of every filter, in shared memory that the test makes.
-inline constexpr char SeenName[] = "HalyardFaultSeen";
-struct FaultSeen {
-    EXCEPTION_RECORD record;
-    alignas(16) CONTEXT context;
-    HMODULE library;
-    LONG faults;
-    LONG ownFilterCalls;  // of the program's own filter
-    DWORD ownFilterCode;
-};
+inline constexpr int HeldByRegister = 0x1BADF00D;
 
 inline constexpr DWORD OwnFilterStatus = 77;  // the exit status that the program's own filter gives
 

@@ -11,10 +11,7 @@ namespace {
 constexpr char ActiveDesktopClass[] = "{75048700-EF1F-11D0-9888-006097DEACF9}";
 constexpr char ControlPanelKey[] = "Control Panel\\Desktop";
 
-struct Background {
-    std::string wallpaper;
-    DWORD style;
-};
+using Background = std::pair<std::string, DWORD>;  // wallpaper and style
 
 class BackgroundTest : public DesktopTest {
 protected:
@@ -24,20 +21,17 @@ protected:
 
     // As the user does in the control panel.
     static void Choose(const Background& background) {
-        standin::WriteText("Wallpaper", background.wallpaper);
-        standin::WriteNumber(standin::WallpaperStyleValue, background.style);
+        standin::WriteText("Wallpaper", background.first);
+        standin::WriteNumber(standin::WallpaperStyleValue, background.second);
     }
     static void Store(int desktop, const Background& background, COLORREF colour) {
-        WriteText(DesktopKey(desktop), "Wallpaper", background.wallpaper);
-        WriteNumber(DesktopKey(desktop), "WallpaperStyle", background.style);
+        WriteText(DesktopKey(desktop), "Wallpaper", background.first);
+        WriteNumber(DesktopKey(desktop), "WallpaperStyle", background.second);
         WriteNumber(DesktopKey(desktop), "Colour", colour);
     }
-    static testing::AssertionResult Shown(const Background& wanted) {
-        const std::string wallpaper = standin::ReadText("Wallpaper");
-        const DWORD style = standin::ReadNumber(standin::WallpaperStyleValue);
-        if (wallpaper == wanted.wallpaper && style == wanted.style) return testing::AssertionSuccess();
-        return testing::AssertionFailure() << "the shell shows \"" << wallpaper << "\", style " << style
-                                           << "; wanted \"" << wanted.wallpaper << "\", style " << wanted.style;
+    // By the shell.
+    static Background Shown() {
+        return {standin::ReadText("Wallpaper"), standin::ReadNumber(standin::WallpaperStyleValue)};
     }
     // In a fresh program, since running ones may keep a colour that they have asked for once.
     COLORREF Colour() { return children.Run("\"" + BinFolder() + sample::File + "\" --colour").status; }
@@ -63,23 +57,23 @@ TEST_F(BackgroundTest, GoesWithItsDesktop) {
     const LRESULT changesBefore = Ask(witness.window, sample::CountMessage, WM_SETTINGCHANGE);
 
     Switch(1);
-    EXPECT_TRUE(Shown(OnePicture));
+    EXPECT_EQ(Shown(), OnePicture);
     EXPECT_EQ(Colour(), ColourOne);
     EXPECT_EQ(Ask(witness.window, sample::CountMessage, WM_SETTINGCHANGE), changesBefore + 1);
     // What the user chooses on a desktop stays with it.
     const Background chosen = {"C:\\pictures\\chosen.bmp", 0};
     Choose(chosen);
     Switch(2);
-    EXPECT_TRUE(Shown({"", 0})) << "a desktop without wallpaper";
+    EXPECT_EQ(Shown(), Background()) << "a desktop without wallpaper";
     EXPECT_EQ(Colour(), ColourTwo);
-    EXPECT_EQ(TextOf(DesktopKey(1), "Wallpaper"), chosen.wallpaper);
-    EXPECT_EQ(NumberOr(DesktopKey(1), "WallpaperStyle", 99), chosen.style);
+    EXPECT_EQ(TextOf(DesktopKey(1), "Wallpaper"), chosen.first);
+    EXPECT_EQ(NumberOr(DesktopKey(1), "WallpaperStyle", 99), chosen.second);
     EXPECT_EQ(NumberOr(DesktopKey(1), "Colour", 99), ColourOne);
     Switch(0);
-    EXPECT_TRUE(Shown(DefaultPicture));
+    EXPECT_EQ(Shown(), DefaultPicture);
     EXPECT_EQ(Colour(), defaultColour);
     Switch(1);
-    EXPECT_TRUE(Shown(chosen));
+    EXPECT_EQ(Shown(), chosen);
 
     // The user changes the default picture after a switch to nowhere, and the server dies.
     Switch(0);
@@ -88,38 +82,36 @@ TEST_F(BackgroundTest, GoesWithItsDesktop) {
     loader->Kill();
     ASSERT_TRUE(Eventually([] { return !Server(); }));
     StartLoader("--no-guard");
-    EXPECT_TRUE(Shown(OnePicture)) << "nothing to recover";
+    EXPECT_EQ(Shown(), OnePicture) << "nothing to recover";
     Switch(1);
     loader->Kill();
     ASSERT_TRUE(Eventually([] { return !Server(); }));
     StartLoader();
-    EXPECT_TRUE(Shown(OnePicture)) << "recovered";
+    EXPECT_EQ(Shown(), OnePicture) << "recovered";
     Switch(1);
     QuitLoader();
-    EXPECT_TRUE(Shown(OnePicture)) << "the end brings the default desktop's";
+    EXPECT_EQ(Shown(), OnePicture) << "the end brings the default desktop's";
     EXPECT_EQ(Colour(), defaultColour);
     EXPECT_EQ(NumberOr(DesktopKey(0), "Colour", 99), 99u) << "the default desktop is not stored";
 }
 
 TEST_F(BackgroundTest, ThatTheShellConvertedIsLookedUpInTheRegistry) {
-    struct Case {
+    constexpr struct {
         const char* reported;
         const char* converted;
         const char* stored;
-    };
-    constexpr Case Cases[] = {{"C:\\data\\Wallpaper1.bmp", "C:\\b.jpg", "C:\\b.jpg"},
-                              {"C:\\data\\Wallpaper1.bmp", nullptr, "C:\\a.bmp"},
-                              {"C:\\data\\other.bmp", "C:\\b.jpg", "C:\\data\\other.bmp"}};
+    } Cases[] = {{"C:\\data\\Wallpaper1.bmp", nullptr, "C:\\a.bmp"},
+                 {"C:\\data\\Wallpaper1.bmp", "C:\\b.jpg", "C:\\b.jpg"},
+                 {"C:\\data\\other.bmp", "C:\\b.jpg", "C:\\data\\other.bmp"}};
     UseShellObject("standin_shell.dll");
     StartLoader();
     WriteText(ControlPanelKey, "Wallpaper", "C:\\a.bmp");
-    for (const Case& test : Cases) {
+    for (const auto& [reported, converted, stored] : Cases) {
         Switch(1);
-        Choose({test.reported, 0});
-        DeleteValue(ControlPanelKey, "ConvertedWallpaper");
-        if (test.converted) WriteText(ControlPanelKey, "ConvertedWallpaper", test.converted);
+        Choose({reported, 0});
+        if (converted) WriteText(ControlPanelKey, "ConvertedWallpaper", converted);
         Switch(0);
-        EXPECT_EQ(TextOf(DesktopKey(1), "Wallpaper"), test.stored) << "reported " << test.reported;
+        EXPECT_EQ(TextOf(DesktopKey(1), "Wallpaper"), stored) << "reported " << reported;
     }
 }
 
@@ -130,9 +122,9 @@ TEST_F(BackgroundTest, IsOnlyAColourWhereTheShellsObjectCantBeMade) {
     StartLoader();
     Switch(1);
     EXPECT_EQ(Colour(), ColourOne);
-    EXPECT_TRUE(Shown(DefaultPicture));
+    EXPECT_EQ(Shown(), DefaultPicture);
     Switch(0);
-    EXPECT_EQ(TextOf(DesktopKey(1), "Wallpaper"), OnePicture.wallpaper) << "kept as it was";
+    EXPECT_EQ(TextOf(DesktopKey(1), "Wallpaper"), OnePicture.first) << "kept as it was";
 }
 
 }  // namespace

@@ -81,38 +81,24 @@ TEST_F(DesktopListTest, ComesBackAsItWasSavedInEitherHive) {
     }
 }
 
-TEST_F(DesktopListTest, MakesDoWithKeysThatCannotBeWritten) {
-    for (const char* id : {"1\\below", "2"})
-        MakeKey(Stored(id));
-    Restrict(Stored("2"));
-    list.Load();
-    EXPECT_EQ("0 1 2", Ids(list)) << "reading is enough";
-    list.Remove(1);
-    list.Add("three", 3);
-    list.Save();
-    EXPECT_EQ("three", TextOf(Stored("3"), nullptr)) << "though old keys stay";
-}
-
 TEST_F(DesktopListTest, TakesDefaultsForDamagedValues) {
     const std::string path = Stored("2");
     const std::string plain = std::to_string(GetSysColor(COLOR_BACKGROUND));
-    struct Case {
+    const struct {
         const char* value;
         DWORD type;
         std::string bytes;
         std::string expected;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"WallpaperStyle", REG_SZ, std::string("2", 2), "2 name|w.bmp 0 7"},
         {"Colour", REG_BINARY, std::string("\7\0\0\0", 4), "2 name|w.bmp 2 " + plain},
         {"", REG_EXPAND_SZ, std::string("%name%", 7), "2 %name%|w.bmp 2 7"},
-        {"", REG_SZ, "unclosed", "2 unclosed|w.bmp 2 7"},
         {"", REG_SZ, std::string("name\0more", 10), "2 name|w.bmp 2 7"},
         {"Wallpaper", REG_SZ, std::string(260, 'n'), "2 name|" + std::string(260, 'n') + " 2 7"},
         {"Wallpaper", REG_SZ, std::string(260, 'n') + '\0', "2 name| 2 7"},
         {"Wallpaper", REG_DWORD, std::string("abc", 4), "2 name| 2 7"},
     };
-    for (const Case& test : cases) {
+    for (const auto& test : cases) {
         Store(path, "", REG_SZ, std::string("name", 5));
         Store(path, "Wallpaper", REG_SZ, std::string("w.bmp", 6));
         WriteNumber(path, "WallpaperStyle", 2);
@@ -122,17 +108,11 @@ TEST_F(DesktopListTest, TakesDefaultsForDamagedValues) {
     }
 }
 
-TEST_F(DesktopListTest, LeavesOutWhatIsNoDesktop) {
-    for (const std::string& name : {std::string("x"), std::string("0"), std::string("007"), std::string("1x"),
-                                    std::string("4294967295"), std::string("1073741824"), std::string(200, '9')})
-        MakeKey(Stored(name));
-    MakeKey(Stored("1073741823"));
-    list.Load();
-    EXPECT_EQ("0 1073741823", Ids(list));
+TEST_F(DesktopListTest, EndsWhereNobodyMadeItByHand) {
     for (unsigned id = 1; id <= MaxDesktops; ++id)
         MakeKey(Stored(std::to_string(id)));
     list.Load();
-    EXPECT_EQ(MaxDesktops, list.Count()) << "a list that nobody made by hand";
+    EXPECT_EQ(MaxDesktops, list.Count());
 }
 
 }  // namespace

@@ -37,16 +37,15 @@ Row<ListedWindow> Listed(const std::string& text) {
 }
 
 TEST(WantedOrder, IsTheRememberedOneWithNewcomersAtSensiblePlaces) {
-    struct Case {
+    constexpr struct {
         const char* present;
         const char* remembered;
         const char* wanted;
-    };
-    constexpr Case Cases[] = {
+    } Cases[] = {
         {"CAB", "", "CAB"},     {"CAB", "ABC", "ABC"}, {"CA", "ABC", "AC"},      {"CAXB", "ABC", "AXBC"},
         {"XYAB", "AB", "AXYB"}, {"XaAB", "BA", "BXA"}, {"ZyYaAB", "AB", "ZYAB"}, {"X", "ABC", "X"},
     };
-    for (const Case& test : Cases)
+    for (const auto& test : Cases)
         EXPECT_EQ(test.wanted, Text(WantedOrder(Listed(test.present), Keys(test.remembered))))
             << test.present << " by " << test.remembered;
 }
@@ -79,13 +78,12 @@ std::string Placed(const std::string& present, const std::string& wanted, unsign
 }
 
 TEST(PlacementsFor, MoveAsFewAsPossible) {
-    struct Case {
+    constexpr struct {
         const char* present;
         unsigned moves;
-    };
-    constexpr Case Cases[] = {{"", 0},      {"A", 0},     {"ABCDE", 0}, {"BCDEA", 1}, {"EABCD", 1},
-                              {"BACDE", 1}, {"EDCBA", 4}, {"DEABC", 2}, {"ADBEC", 2}};
-    for (const Case& test : Cases) {
+    } Cases[] = {{"", 0},      {"A", 0},     {"ABCDE", 0}, {"BCDEA", 1}, {"EABCD", 1},
+                 {"BACDE", 1}, {"EDCBA", 4}, {"DEABC", 2}, {"ADBEC", 2}};
+    for (const auto& test : Cases) {
         std::string wanted = test.present;
         std::sort(wanted.begin(), wanted.end());
         unsigned moves = 0;
@@ -102,16 +100,15 @@ SeenRow OwnerAndOwned(DesktopId ofOwner, bool ownerEnabled, DesktopId ofOwned) {
 }
 
 TEST(DesktopOf, ModalDialogsGoWithTheirOwners) {
-    struct Case {
+    constexpr struct {
         DesktopId owner;
         bool ownerEnabled;
         DesktopId owned;
         DesktopId desktop;
-    };
-    constexpr Case Cases[] = {{Here, true, NoDesktop, Here},    {Here, true, There, There},
-                              {Here, false, There, Here},       {Here, false, NoDesktop, Here},
-                              {NoDesktop, false, There, There}, {AllDesktopsId, false, There, AllDesktopsId}};
-    for (const Case& test : Cases) {
+    } Cases[] = {{Here, true, NoDesktop, Here},    {Here, true, There, There},
+                 {Here, false, There, Here},       {Here, false, NoDesktop, Here},
+                 {NoDesktop, false, There, There}, {AllDesktopsId, false, There, AllDesktopsId}};
+    for (const auto& test : Cases) {
         const SeenRow windows = OwnerAndOwned(test.owner, test.ownerEnabled, test.owned);
         EXPECT_EQ(test.desktop, DesktopOf(windows, windows[0])) << test.owner << test.ownerEnabled << test.owned;
     }
@@ -126,16 +123,15 @@ TEST(DesktopOf, EndsWhereOwnersSeemToFormARing) {
 
 TEST(DecideChange, GoesByTheDesktopAndByWhatWasAskedLast) {
     using enum WindowChange;
-    struct Case {
+    constexpr struct {
         bool visible, marked, showAsked;
         WindowChange here, there;
-    };
-    constexpr Case Cases[] = {{true, false, false, Nothing, Hide},
-                              {true, true, false, Show, Hide},
-                              {false, true, false, Show, Nothing},
-                              {false, false, true, Nothing, Hide},
-                              {false, false, false, Nothing, Nothing}};
-    for (const Case& test : Cases) {
+    } Cases[] = {{true, false, false, Nothing, Hide},
+                 {true, true, false, Show, Hide},
+                 {false, true, false, Show, Nothing},
+                 {false, false, true, Nothing, Hide},
+                 {false, false, false, Nothing, Nothing}};
+    for (const auto& test : Cases) {
         const SeenWindow window = {.visible = test.visible, .marked = test.marked, .showAsked = test.showAsked};
         for (const DesktopId desktop : {Here, AllDesktopsId, NoDesktop})
             EXPECT_EQ(test.here, DecideChange(window, desktop, Here));

@@ -4,119 +4,88 @@
 #include "support/store_fixture.h"
 
 #include <atomic>
-#include <functional>
 #include <thread>
 #include <vector>
 
 namespace halyard::test {
 namespace {
 
-struct RealDisplay {
-    HMONITOR handle;
-    RECT workArea;
-};
+// What the platform enumerates in the test, and how many of them the library took before it had enough.
+std::vector<HMONITOR> shown;
+std::size_t taken = 0;
 
-BOOL CALLBACK NoteDisplay(HMONITOR display, HDC, RECT*, LPARAM target) {
-    MONITORINFO info = {};
-    info.cbSize = sizeof(info);
-    GetMonitorInfoA(display, &info);
-    reinterpret_cast<std::vector<RealDisplay>*>(target)->push_back({display, info.rcWork});
+BOOL WINAPI EnumerateShown(HDC, const RECT*, MONITORENUMPROC callback, LPARAM data) {
+    for (taken = 0; taken < shown.size();)
+        if (!callback(shown[taken++], nullptr, nullptr, data)) break;
     return TRUE;
 }
 
-std::vector<RealDisplay> RealDisplays() {
-    std::vector<RealDisplay> found;
-    EnumDisplayMonitors(nullptr, nullptr, NoteDisplay, reinterpret_cast<LPARAM>(&found));
-    return found;
+RECT AreaOf(HMONITOR display) {
+    MONITORINFO info = {};
+    info.cbSize = sizeof(info);
+    GetMonitorInfoA(display, &info);
+    return info.rcWork;
 }
 
 struct DisplaysTest : StoreTest {
-    DisplaysTest() : bounds(displays.front().workArea) {
-        for (const RealDisplay& display : displays)
-            bounds = UnionOf(bounds, display.workArea);
+    DisplaysTest() {
+        const auto note = [](HMONITOR display, HDC, RECT*, LPARAM) WINAPI { return shown.push_back(display), TRUE; };
+        shown.clear();
+        EnumDisplayMonitors(nullptr, nullptr, note, 0);
+        all = shown;
+        for (const HMONITOR display : all)
+            bounds = UnionOf(bounds, AreaOf(display));
         RefreshDisplays();
+        profile.enumDisplayMonitors = EnumerateShown;
     }
     ~DisplaysTest() override {
         profile.enumDisplayMonitors = EnumDisplayMonitors;
         RefreshDisplays();
     }
-    const std::vector<RealDisplay> displays = RealDisplays();
-    RECT bounds;  // of all work areas
+    std::vector<HMONITOR> all;
+    const RECT first = AreaOf(MonitorFromPoint({0, 0}, MONITOR_DEFAULTTOPRIMARY));
+    RECT bounds = first;  // of all work areas
 };
-
-BOOL WINAPI EnumerateFirst(HDC, const RECT*, MONITORENUMPROC callback, LPARAM data) {
-    return callback(RealDisplays().front().handle, nullptr, nullptr, data);
-}
-
-unsigned callbacks = 0;
-
-// One that goes away before it is asked about, and then the real ones over and over.
-BOOL WINAPI EnumerateTwelve(HDC, const RECT*, MONITORENUMPROC callback, LPARAM data) {
-    const auto real = RealDisplays();
-    callback(HandleFromBits<HMONITOR>(0x7EADBEEF), nullptr, nullptr, data);
-    for (callbacks = 0; callbacks < 12;)
-        if (!callback(real[callbacks++ % real.size()].handle, nullptr, nullptr, data)) break;
-    return TRUE;
-}
 
 TEST_F(DisplaysTest, FollowsThePlatform) {
     const DisplaySet set = CurrentDisplays();
-    ASSERT_EQ(displays.size(), set.count);
-    for (const RealDisplay& display : displays)
-        EXPECT_EQ(display.workArea, set.displays[set.IndexOf(HandleBits(display.handle))].workArea);
-    profile.enumDisplayMonitors = EnumerateFirst;
+    ASSERT_EQ(all.size(), set.count);
+    for (const HMONITOR display : all)
+        EXPECT_EQ(AreaOf(display), set.displays[set.IndexOf(HandleBits(display))].workArea);
+    shown = {MonitorFromPoint({0, 0}, MONITOR_DEFAULTTOPRIMARY)};
     EXPECT_EQ(bounds, WorkBounds()) << "not before a refresh";
     RefreshDisplays();
     EXPECT_EQ(1u, CurrentDisplays().count);
-    EXPECT_EQ(displays[0].workArea, WorkBounds());
+    EXPECT_EQ(first, WorkBounds());
     profile.enumDisplayMonitors = nullptr;
     RefreshDisplays();
     EXPECT_EQ(0u, CurrentDisplays().count);
-    EXPECT_EQ(displays[0].workArea, WorkBounds()) << "kept where nothing can be enumerated";
-    profile.enumDisplayMonitors = EnumerateTwelve;
+    EXPECT_EQ(first, WorkBounds()) << "kept where nothing can be enumerated";
+    profile.enumDisplayMonitors = EnumerateShown;
+    shown.assign(13, all[0]);
+    shown[0] = HandleFromBits<HMONITOR>(0x7EADBEEF);  // one that goes away before it is asked about
     RefreshDisplays();
-    EXPECT_EQ(10u, callbacks) << "the enumeration is told to stop";
+    EXPECT_EQ(11u, taken) << "the enumeration is told to stop";
     EXPECT_EQ(10u, CurrentDisplays().count);
 }
 
-std::atomic<unsigned> round = 0;
-
-// Now all displays, now the first alone.
-BOOL WINAPI EnumerateInTurn(HDC, const RECT*, MONITORENUMPROC callback, LPARAM data) {
-    static const auto real = RealDisplays();
-    const std::size_t count = round++ % 2 ? 1 : real.size();
-    for (std::size_t index = 0; index < count; ++index)
-        callback(real[index].handle, nullptr, nullptr, data);
-    return TRUE;
-}
-
-// Each reader by itself: a wait for the lock in one would keep the other away from the moment of the change.
 TEST_F(DisplaysTest, IsReadWholeBesideARefresh) {
-    profile.enumDisplayMonitors = EnumerateInTurn;
-    RefreshDisplays();
-    const RECT alone = displays[0].workArea;
-    const auto countTorn = [&](const std::function<bool()>& isWhole) {
-        std::atomic<bool> ended = false;
-        std::thread writer([&] {
-            for (unsigned turn = 0; turn < 2000; ++turn)
-                RefreshDisplays();
-            ended = true;
-        });
-        unsigned torn = 0;
-        while (!ended)
-            torn += !isWhole();
-        writer.join();
-        return torn;
-    };
-    EXPECT_EQ(0u, countTorn([&] {
-                  const DisplaySet set = CurrentDisplays();
-                  return set.count == 1 ? set.workBounds == alone
-                                        : set.count == displays.size() && set.workBounds == bounds;
-              }));
-    EXPECT_EQ(0u, countTorn([&] {
-                  const RECT read = WorkBounds();
-                  return read == alone || read == bounds;
-              }));
+    std::atomic<bool> ended = false;
+    std::thread writer([&] {
+        for (unsigned turn = 0; turn < 2000; ++turn) {
+            shown.resize(turn % 2 ? 1 : all.size(), all.back());
+            RefreshDisplays();
+        }
+        ended = true;
+    });
+    unsigned torn = 0;
+    const RECT alone = AreaOf(all[0]);
+    while (!ended) {
+        const DisplaySet set = CurrentDisplays();
+        torn += !(set.count == 1 ? set.workBounds == alone : set.count == all.size() && set.workBounds == bounds);
+    }
+    writer.join();
+    EXPECT_EQ(0u, torn);
 }
 
 }  // namespace

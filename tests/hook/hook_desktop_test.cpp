@@ -26,24 +26,6 @@ TEST_F(HookTest, RunACommandThatWaitsTwiceOnce) {
     }
 }
 
-TEST_F(HookTest, KeepOutOfExcludedProgramsAndClasses) {
-    const std::string scratch = ScratchFolder();
-    const std::string excludedPath = CopyTo(scratch, sample::File, "excluded.exe");
-    const std::string includedPath = CopyTo(scratch, sample::File, "included.exe");
-    WriteNumber(ProgramKey(excludedPath), "Excluded", 1);
-    WriteNumber(ProgramKey(includedPath), "Excluded", 0);
-    StartLoader();
-    const Sample excluded = OpenProgram(excludedPath, {}, sample::DefaultTitle);
-    const Sample included = OpenProgram(includedPath, {}, sample::DefaultTitle);
-    const Sample ofExcludedClass = OpenSample("Left alone", "--class GLUT");
-    ASSERT_TRUE(WindowsBecome(0, 1));
-    EXPECT_NE(excluded.program->Module(LibraryFile), nullptr) << "mapped, but it does nothing there";
-    Switch(1);
-    EXPECT_TRUE(BecomesHidden(included.window));
-    EXPECT_TRUE(StaysVisible(excluded.window));
-    EXPECT_TRUE(StaysVisible(ofExcludedClass.window));
-}
-
 // Of the libraries that the system itself may come to need, those that are mapped into a sample program that has been
 // through the usual.
 std::vector<std::string> MappedOf(const Sample& sample) {

@@ -1,9 +1,9 @@
 // Combinations set in the sheet, and pressed while another program has the focus.
 #include "config/sheet_fixture.h"
+#include "support/picture.h"
 
 #include <commctrl.h>
 #include <functional>
-#include <vector>
 
 namespace halyard::test {
 
@@ -131,18 +131,6 @@ TEST_F(HotkeysTest, RunTheirActionsWhileAnotherProgramHasTheFocus) {
     EXPECT_TRUE(DesktopBecomes(0));
 }
 
-// The pixels on two lines through the cursor, which the rings cross.
-std::vector<COLORREF> Surroundings() {
-    std::vector<COLORREF> pixels;
-    const HDC screen = GetDC(nullptr);
-    for (int way = -110; way < 110; way += 3) {
-        pixels.push_back(GetPixel(screen, 410 + way, 312));
-        pixels.push_back(GetPixel(screen, 412, 310 + way));
-    }
-    ReleaseDC(nullptr, screen);
-    return pixels;
-}
-
 TEST_F(HotkeysTest, FindTheCursorAndLeaveNoPixelBehind) {
     StoreBinding("1", Binding(VK_F9));
     StartLoader();
@@ -150,18 +138,17 @@ TEST_F(HotkeysTest, FindTheCursorAndLeaveNoPixelBehind) {
     ASSERT_TRUE(WindowsBecome(0, 1));
     ASSERT_TRUE(BringToFront(sample.window));
     MoveMouse({410, 310});
-    // Until nothing is painted any more: the rings invert what they find.
-    std::vector<COLORREF> before;
-    int same = 0;
+    const auto around = [] { return PixelsOf({300, 200, 520, 420}); };
+    // The rings invert what they find, so that nothing may be painted any more.
     ASSERT_TRUE(Eventually([&] {
-        const auto now = Surroundings();
-        same = now == before ? same + 1 : 0;
-        before = now;
-        return same == 20;
-    })) << "the sample doesn't stop painting";
+        const auto before = around();
+        Sleep(200);
+        return around() == before;
+    }));
+    const auto before = around();
     TapKey("ctrl+shift+F9");
-    EXPECT_TRUE(Eventually([&] { return Surroundings() != before; })) << "no ring was seen";
-    EXPECT_TRUE(Eventually([&] { return Surroundings() == before; })) << "pixels were left behind";
+    EXPECT_TRUE(Eventually([&] { return around() != before; })) << "no ring was seen";
+    EXPECT_TRUE(Eventually([&] { return around() == before; })) << "pixels were left behind";
 }
 
 // The window in front goes to a desktop, alone or with the user, who adds Shift for that; and to a display.

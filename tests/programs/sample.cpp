@@ -74,9 +74,7 @@ LRESULT Report(const std::string& text) {
     return static_cast<LRESULT>(text.size());
 }
 
-int* Screen(DWORD protection) {
-    DWORD old = 0;
-    VirtualProtect(reinterpret_cast<void*>(ScreenAddress), 2 * sizeof(int), protection, &old);
+int* Screen() {
     return reinterpret_cast<int*>(ScreenAddress);
 }
 
@@ -97,10 +95,7 @@ std::string SizesText(HWND window, RectFn rectOf, ParameterFn parameter) {
 }
 
 LRESULT OnReportSizes(HWND window) {
-    if (holdsScreen) {
-        const int* screen = Screen(PAGE_READWRITE);
-        return Report("screen " + std::to_string(screen[0]) + "x" + std::to_string(screen[1]));
-    }
+    if (holdsScreen) return Report("screen " + std::to_string(Screen()[0]) + "x" + std::to_string(Screen()[1]));
     const HMODULE layer = LoadLibraryA("ExtensionLayer.dll");
     const auto entry = [&](const char* name) { return reinterpret_cast<void*>(GetProcAddress(layer, name)); };
     const auto ownRect = [](HWND of, RECT* rect) { return GetWindowRect(of, rect); };
@@ -235,10 +230,8 @@ void OpenShell() {
 bool HoldScreen() {
     const auto start = reinterpret_cast<ULONG_PTR>(image);
     if (start > ScreenAddress || ScreenAddress + 2 * sizeof(int) > start + sizeof(image)) return false;
-    int* screen = Screen(PAGE_READWRITE);
-    screen[0] = screenWidth > 0 ? screenWidth : GetSystemMetrics(SM_CXSCREEN);
-    screen[1] = GetSystemMetrics(SM_CYSCREEN);
-    if (screenWidth < 0) Screen(PAGE_NOACCESS);
+    Screen()[0] = screenWidth ? screenWidth : GetSystemMetrics(SM_CXSCREEN);
+    Screen()[1] = GetSystemMetrics(SM_CYSCREEN);
     return true;
 }
 

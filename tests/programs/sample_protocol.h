@@ -12,8 +12,7 @@ namespace sample {
 //   --inactive   main windows are shown without being activated; --hidden: they aren't shown
 //   --colour     no window: ends with the background colour as the exit status
 //   --shell      a shell's desktop windows, with a context menu of one item; the file's name must hold "explorer"
-//   --screen N   holds the screen's size where the modelling programs do, with the width N; 0: the first display's;
-//                -1: that one, and nobody can reach it
+//   --screen N   holds the screen's size where the modelling programs do, with the width N; 0: the first display's
 inline constexpr char File[] = "sample.exe";
 inline constexpr char DefaultTitle[] = "Sample";
 inline constexpr char DefaultClass[] = "HalyardSample";

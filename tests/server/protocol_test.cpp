@@ -15,35 +15,6 @@ namespace {
 
 using ProtocolTest = DesktopTest;
 
-TEST_F(ProtocolTest, RestartReadsTheRegistryAgain) {
-    constexpr struct {
-        DWORD run;  // in the registry ahead of the restart
-        WPARAM enable;
-        const char* enabled;
-        const char* hooks;
-        DWORD runAfter;
-    } Cases[] = {{0, 0, "no", "out", 0}, {1, 0, "yes", "out", 1}, {0, 1, "yes", "in", 1}, {1, 7, "yes", "in", 1}};
-    StartLoader();
-    const Sample sample = OpenSample("Restarted");
-    ASSERT_TRUE(WindowsBecome(0, 1));
-    for (const auto& test : Cases) {
-        SCOPED_TRACE(testing::Message() << "Run " << test.run << ", wParam " << test.enable);
-        AskServer(published::Restart, 1);
-        ASSERT_TRUE(WindowsBecome(0, 1));
-        Assign(sample.window, 1);
-        Switch(2);
-        ASSERT_TRUE(BecomesHidden(sample.window));
-
-        WriteNumber(published::ProductKey, "Run", test.run);
-        AskServer(published::Restart, test.enable);
-        EXPECT_EQ(Status("enabled"), test.enabled);
-        EXPECT_EQ(Status("hooks"), test.hooks);
-        EXPECT_EQ(Status("current desktop"), "0");
-        EXPECT_EQ(NumberOr(published::ProductKey, "Run", 99), test.runAfter);
-        EXPECT_TRUE(BecomesVisible(sample.window));
-    }
-}
-
 // Each road that README names brings a value into force that was changed by hand.
 TEST_F(ProtocolTest, ValuesChangedByHandReachRunningPrograms) {
     StartLoader();
@@ -62,28 +33,11 @@ TEST_F(ProtocolTest, ValuesChangedByHandReachRunningPrograms) {
     for (const auto& [name, take] : roads)
         for (const DWORD everywhere : {2, 0}) {
             WriteNumber(published::ProductKey, "CtrlMax", everywhere);
+            Switch(1);
             take();
+            EXPECT_TRUE(BecomesVisible(sample.window)) << name;
             EXPECT_TRUE(maximisesTo(everywhere ? 2048 + 8 : 1024 + 8)) << name << ": " << Describe(sample.window);
         }
-}
-
-using ServerTest = DesktopTest;
-
-TEST_F(ServerTest, IsNotForClosing) {
-    StartLoader();
-    Ask(Server(), WM_CLOSE);
-    Ask(Server(), WM_SYSCOMMAND, SC_CLOSE);
-    EXPECT_NE(Server(), nullptr);
-}
-
-TEST_F(ServerTest, StartsWhollyAfterOneThatLeftByExit) {
-    StartLoader();
-    const auto exit = EntryOf<LPTHREAD_START_ROUTINE>(GetModuleHandleA("kernel32.dll"), "ExitProcess");
-    CloseHandle(CreateRemoteThread(loader->Handle(), nullptr, 0, exit, nullptr, 0, nullptr));
-    ASSERT_TRUE(loader->Ends(WaitLimit));
-    StartLoader();
-    OpenSample("Managed");
-    EXPECT_TRUE(WindowsBecome(0, 1));
 }
 
 constexpr char LibraryFile[] = "tvlHalyd.dll";
@@ -137,7 +91,7 @@ TEST_F(ProtocolTest, TheServerWindowStandsBeforeTheHooksAndAfterThem) {
 }
 
 // Neither over the same library nor over a copy of it, which has a shared block of its own.
-TEST_F(ServerTest, IsOneInASession) {
+TEST_F(ProtocolTest, IsOfOneServerInASession) {
     StartLoader();
     const Sample sample = OpenSample("Served");
     ASSERT_TRUE(WindowsBecome(0, 1));

@@ -60,6 +60,8 @@ TEST_F(ServerTest, StatesFollowFromEachOther) {
         {"disable", Disable, "window 0"},
         {"disable again", Disable, "window 0"},
         {"restart into rest while out", [] { Send(HM_RESTART, 0); }, "window 0"},
+        {"restart", [] { Send(HM_RESTART, 1); }, "window hooks 1"},
+        {"disable", Disable, "window 0"},
         {"end", ServerUninit, "0"},
         {"end again", ServerUninit, "0"},
         {"start while there is one", [] { ServerInit(), ServerInit(); }, "window 0"},
@@ -122,6 +124,8 @@ TEST_F(ServerTest, TakesNoHarmFromForgedMessages) {
             EXPECT_EQ(0, Send(message, 0, pointer)) << message;
     Send(WM_HOTKEY, 0xBFFF, 0);
     Send(WM_DISPLAYCHANGE);
+    Send(WM_CLOSE);
+    Send(WM_SYSCOMMAND, SC_CLOSE);
     EXPECT_TRUE(IsWindow(ServerWindow()));
     EXPECT_EQ(0u, CurrentDesktopId());
 }

@@ -43,9 +43,7 @@ TEST_F(SettingsTest, FallToTheirDefaultsAloneWhereTheyAreDamaged) {
         std::string bytes;
     } damages[] = {
         {"text", REG_SZ, std::string("1", 2)},
-        {"unclosed text", REG_SZ, "1234"},
         {"bytes of the right size", REG_BINARY, std::string("\1\0\0\0", 4)},
-        {"the other byte order", REG_DWORD_BIG_ENDIAN, std::string("\0\0\0\1", 4)},
         {"a long number", REG_QWORD, std::string("\1\0\0\0\0\0\0\0", 8)},
         {"nothing", REG_DWORD, ""},
         {"half a number", REG_DWORD, std::string("\1\0", 2)},

@@ -8,26 +8,7 @@ namespace {
 
 constexpr DWORD RunLimit = 15000;  // ms
 constexpr DWORD EndLimit = 5000;   // ms
-constexpr DWORD PipeRoom = 0x10000;
-
-// A program's output is short enough to wait in the pipe for its end.
-struct OutputPipe {
-    OutputPipe() {
-        SECURITY_ATTRIBUTES inherited = {sizeof(inherited), nullptr, TRUE};
-        HANDLE ends[2] = {};
-        CreatePipe(&ends[0], &ends[1], &inherited, PipeRoom);
-        reading.Reset(ends[0]);
-        writing.Reset(ends[1]);
-    }
-    // What stands in the pipe, without waiting: a program that was started by the program may hold it open.
-    std::string Text() const {
-        std::string text(PipeRoom, 0);
-        DWORD size = 0;
-        PeekNamedPipe(reading.get(), text.data(), PipeRoom, &size, nullptr, nullptr);
-        return text.substr(0, size);
-    }
-    KernelHandle reading, writing;
-};
+constexpr DWORD PipeRoom = 0x8000;
 
 }  // namespace
 
@@ -57,12 +38,11 @@ Children::Children() : job(CreateJobObjectA(nullptr, nullptr)) {
     SetInformationJobObject(job.get(), JobObjectExtendedLimitInformation, &limits, sizeof(limits));
 }
 
-Child* Children::Start(const std::string& commandLine, HANDLE out, HANDLE error) {
+Child* Children::Start(const std::string& commandLine, HANDLE out) {
     STARTUPINFOA startup = {};
     startup.cb = sizeof(startup);
     startup.dwFlags = out ? STARTF_USESTDHANDLES : 0;
-    startup.hStdOutput = out;
-    startup.hStdError = error;
+    startup.hStdOutput = startup.hStdError = out;
     PROCESS_INFORMATION made = {};
     std::string line = commandLine;
     if (!CreateProcessA(nullptr, line.data(), nullptr, nullptr, out != nullptr, CREATE_SUSPENDED, nullptr, nullptr,
@@ -75,12 +55,18 @@ Child* Children::Start(const std::string& commandLine, HANDLE out, HANDLE error)
 }
 
 Output Children::Run(const std::string& commandLine) {
-    const OutputPipe out, error;
+    SECURITY_ATTRIBUTES inherited = {sizeof(inherited), nullptr, TRUE};
+    HANDLE ends[2] = {};
+    CreatePipe(&ends[0], &ends[1], &inherited, PipeRoom);
+    const KernelHandle reading(ends[0]), writing(ends[1]);
     Output output;
-    const Child* child = Start(commandLine, out.writing.get(), error.writing.get());
+    const Child* child = Start(commandLine, writing.get());
     if (child && child->Ends(RunLimit)) output.status = child->ExitStatus();
-    output.out = out.Text();
-    output.error = error.Text();
+    // The output is short enough to wait in the pipe. A program that was started by this one may hold the pipe open.
+    char text[PipeRoom];
+    DWORD size = 0;
+    PeekNamedPipe(reading.get(), text, PipeRoom, &size, nullptr, nullptr);
+    output.out.assign(text, size);
     return output;
 }
 

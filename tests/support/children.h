@@ -28,7 +28,7 @@ private:
 
 struct Output {
     DWORD status = WAIT_TIMEOUT;  // this where the program didn't end
-    std::string out, error;
+    std::string out;              // with what it wrote as errors
 };
 
 // Ends all of them, and whatever they started, with itself.
@@ -38,7 +38,7 @@ public:
     ~Children() { EndAll(); }
 
     // Null where it can't be started. The record lives as long as this object.
-    Child* Start(const std::string& commandLine, HANDLE out = nullptr, HANDLE error = nullptr);
+    Child* Start(const std::string& commandLine, HANDLE out = nullptr);
     // Runs the program to its end, at most 15 s.
     Output Run(const std::string& commandLine);
     void EndAll();

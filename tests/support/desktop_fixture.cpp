@@ -7,6 +7,14 @@
 
 namespace halyard::test {
 
+namespace {
+
+std::string TestName() {
+    return testing::UnitTest::GetInstance()->current_test_info()->name();
+}
+
+}  // namespace
+
 std::string BinFolder() {
     char path[MAX_PATH] = {};
     GetModuleFileNameA(nullptr, path, sizeof(path) - 1);
@@ -17,7 +25,7 @@ std::string BinFolder() {
 void DesktopTest::SetUp() {
     // Wine starts its desktop's process at this call or at some child's, and it would end with that child's job.
     GetDesktopWindow();
-    ASSERT_EQ(Server(), nullptr) << "a server runs already: " << Describe(Server());
+    ASSERT_EQ(Server(), nullptr) << "a server runs already";
     DeleteKey(published::ProductKey);
     DeleteKey(standin::StandInKey);
     for (const char* value : {"Run", "RunWizard", "MultiDesk"})
@@ -35,19 +43,17 @@ void DesktopTest::TearDown() {
         for (HWND window : TopLevelWindows())
             std::printf("  %s\n", Describe(window).c_str());
         if (Server()) std::printf("%s", Loader("--status").out.c_str());
-        const testing::TestInfo* test = testing::UnitTest::GetInstance()->current_test_info();
-        std::printf("Picture: %s\n", SavePicture(Format("%s.%s", test->test_suite_name(), test->name())).c_str());
+        std::printf("Picture: %s\n", SavePicture(TestName()).c_str());
     }
     QuitLoader();
     children.EndAll();
-    EXPECT_TRUE(Eventually([] { return !Server(); })) << "the server was left behind: " << Describe(Server());
+    EXPECT_TRUE(Eventually([] { return !Server(); })) << "the server was left behind";
 }
 
 void DesktopTest::StartLoader(const std::string& switches) {
     loader = children.Start("\"" + folder + "tvlhload.exe\" " + switches);
-    ASSERT_NE(loader, nullptr) << folder << "tvlhload.exe can't be started: " << GetLastError();
-    ASSERT_TRUE(Eventually([] { return FindWindowA(published::LoaderClass, nullptr) != nullptr; }))
-        << "the loader isn't resident; server: " << Describe(Server());
+    ASSERT_NE(loader, nullptr);
+    ASSERT_TRUE(Eventually([] { return FindWindowA(published::LoaderClass, nullptr) != nullptr; })) << "not resident";
     ASSERT_NE(Server(), nullptr);
 }
 
@@ -64,9 +70,8 @@ void DesktopTest::QuitLoader() {
 
 Sample DesktopTest::OpenProgram(const std::string& file, const std::string& switches, const std::string& title) {
     Sample sample = {children.Start("\"" + file + "\" " + switches), nullptr};
-    EXPECT_NE(sample.program, nullptr) << file << " can't be started: " << GetLastError();
-    if (!sample.program) return sample;
-    EXPECT_TRUE(Eventually([&] { return (sample.window = WindowOf(sample.program->Id(), title)) != nullptr; }))
+    EXPECT_TRUE(sample.program &&
+                Eventually([&] { return (sample.window = WindowOf(sample.program->Id(), title)) != nullptr; }))
         << file << " shows no window \"" << title << "\"";
     return sample;
 }
@@ -89,15 +94,14 @@ HWND DesktopTest::OpenPopup(const Sample& sample, bool visible) {
 std::string DesktopTest::ScratchFolder() {
     char temporary[MAX_PATH] = {};
     GetTempPathA(sizeof(temporary), temporary);
-    const testing::TestInfo* test = testing::UnitTest::GetInstance()->current_test_info();
-    const std::string own = std::string(temporary) + test->name() + std::to_string(GetTickCount());
-    EXPECT_TRUE(CreateDirectoryA(own.c_str(), nullptr)) << own << ": " << GetLastError();
+    const std::string own = temporary + TestName() + std::to_string(GetTickCount());
+    EXPECT_TRUE(CreateDirectoryA(own.c_str(), nullptr)) << own;
     return own + "\\";
 }
 
 std::string DesktopTest::CopyTo(const std::string& targetFolder, const std::string& file, const std::string& name) {
     const std::string target = targetFolder + name;
-    EXPECT_TRUE(CopyFileA((BinFolder() + file).c_str(), target.c_str(), FALSE)) << target << ": " << GetLastError();
+    EXPECT_TRUE(CopyFileA((BinFolder() + file).c_str(), target.c_str(), FALSE)) << target;
     return target;
 }
 

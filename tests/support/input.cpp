@@ -2,9 +2,6 @@
 
 #include "support/arrangement.h"
 
-#include <algorithm>
-#include <cstdlib>
-
 namespace halyard::test {
 
 namespace {
@@ -27,18 +24,9 @@ std::string MoveText(POINT to) {
                   to.y - GetSystemMetrics(SM_YVIRTUALSCREEN));
 }
 
-// Where input would go now, for whoever wonders where it went.
-std::string CursorText() {
-    POINT cursor = {};
-    GetCursorPos(&cursor);
-    return Format("\ncursor at %ld,%ld %s over ", cursor.x, cursor.y,
-                  GetKeyState(VK_LBUTTON) < 0 ? "pressed" : "free") +
-           Describe(WindowFromPoint(cursor)) + "\nforeground: " + Describe(GetForegroundWindow());
-}
-
 testing::AssertionResult LoopBecomes(HWND window, DWORD flag, DWORD wanted) {
     return Comes([&] { return (ThreadOf(window).flags & flag) == wanted; },
-                 [&] { return Format("state %lx of ", ThreadOf(window).flags) + Describe(window) + CursorText(); });
+                 [&] { return Format("state %lx of ", ThreadOf(window).flags) + Describe(window); });
 }
 
 }  // namespace
@@ -46,7 +34,7 @@ testing::AssertionResult LoopBecomes(HWND window, DWORD flag, DWORD wanted) {
 void MoveMouse(POINT to) {
     Do(MoveText(to));
     POINT cursor = {};
-    EXPECT_TRUE(Comes([&] { return GetCursorPos(&cursor) && cursor.x == to.x && cursor.y == to.y; }, CursorText));
+    EXPECT_TRUE(Eventually([&] { return GetCursorPos(&cursor) && cursor.x == to.x && cursor.y == to.y; }));
 }
 
 void PressMouse() {
@@ -97,7 +85,8 @@ testing::AssertionResult BringToFront(HWND window) {
     };
     if (Eventually(isSettled) && Eventually(hearsKeys) && Eventually([] { return GetAsyncKeyState(VK_SHIFT) >= 0; }))
         return testing::AssertionSuccess();
-    return testing::AssertionFailure() << "not in the foreground: " << Describe(window) << CursorText();
+    return testing::AssertionFailure() << Describe(window) << " isn't in front, but "
+                                       << Describe(GetForegroundWindow());
 }
 
 testing::AssertionResult EntersLoop(HWND window, DWORD flag) {
@@ -143,7 +132,7 @@ testing::AssertionResult BecomesPlaced(HWND window, const RECT& wanted) {
     };
     return Comes(isThere, [&] {
         return Format("should stand at %ld,%ld to %ld,%ld: ", wanted.left, wanted.top, wanted.right, wanted.bottom) +
-               Describe(window) + CursorText();
+               Describe(window);
     });
 }
 
@@ -162,11 +151,10 @@ void Drag::To(int dx, int dy) {
 
 void Drag::SlowlyTo(int dx, int dy) {
     const POINT from = offset;
-    const int steps = std::max(std::abs(dx - from.x), std::abs(dy - from.y)) / 32 + 1;
-    for (int step = 1; step <= steps; ++step) {
-        To(from.x + (dx - from.x) * step / steps, from.y + (dy - from.y) * step / steps);
+    constexpr int Steps = 16;
+    for (int step = 1; step <= Steps; ++step) {
+        To(from.x + (dx - from.x) * step / Steps, from.y + (dy - from.y) * step / Steps);
         Ask(window, WM_NULL);
-        Sleep(PollPeriod);
     }
 }
 

@@ -52,7 +52,7 @@ public:
     Drag(const Drag&) = delete;
     ~Drag() { Drop(); }
 
-    // Moves the cursor to that distance from where it took the window: at once, or in steps of at most 32 pixels.
+    // Moves the cursor to that distance from where it took the window: at once, or in small steps.
     void To(int dx, int dy);
     void SlowlyTo(int dx, int dy);
     void Drop();

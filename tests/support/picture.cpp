@@ -8,11 +8,6 @@
 
 namespace halyard::test {
 
-RECT WholeDesktop() {
-    const int left = GetSystemMetrics(SM_XVIRTUALSCREEN), top = GetSystemMetrics(SM_YVIRTUALSCREEN);
-    return {left, top, left + GetSystemMetrics(SM_CXVIRTUALSCREEN), top + GetSystemMetrics(SM_CYVIRTUALSCREEN)};
-}
-
 std::vector<COLORREF> PixelsOf(const RECT& part) {
     const LONG width = part.right - part.left, height = part.bottom - part.top;
     BITMAPINFO info = {};

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 
-#include <sddl.h>
 #include <shlwapi.h>
 
 namespace halyard::test {
@@ -40,10 +39,6 @@ std::string TextOf(const std::string& key, const char* name, HKEY hive) {
     return BytesOf(key, name, hive).c_str();
 }
 
-void DeleteValue(const std::string& key, const char* name) {
-    SHDeleteValueA(HKEY_CURRENT_USER, key.c_str(), name);
-}
-
 void MakeKey(const std::string& key, HKEY hive) {
     HKEY made = nullptr;
     EXPECT_EQ(RegCreateKeyA(hive, key.c_str(), &made), 0) << key;
@@ -67,17 +62,6 @@ Names NamesIn(const std::string& key, HKEY hive) {
     RegCloseKey(opened);
     std::sort(names.begin(), names.end());
     return names;
-}
-
-void Restrict(const std::string& key) {
-    HKEY opened = nullptr;
-    PSECURITY_DESCRIPTOR reading = nullptr;
-    RegOpenKeyExA(HKEY_CURRENT_USER, key.c_str(), 0, WRITE_DAC, &opened);
-    ConvertStringSecurityDescriptorToSecurityDescriptorA("D:(A;;KRSDWD;;;WD)", SDDL_REVISION_1, &reading, nullptr);
-    RegSetKeySecurity(opened, DACL_SECURITY_INFORMATION, reading);
-    LocalFree(reading);
-    RegCloseKey(opened);
-    ASSERT_NE(RegOpenKeyExA(HKEY_CURRENT_USER, key.c_str(), 0, KEY_ALL_ACCESS, &opened), 0) << "it isn't enforced";
 }
 
 std::string DesktopKey(int id) {

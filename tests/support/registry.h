@@ -18,15 +18,12 @@ DWORD NumberOr(const std::string& key, const char* name, DWORD missing, HKEY hiv
 // Empty where there is none.
 std::string BytesOf(const std::string& key, const char* name, HKEY hive = HKEY_CURRENT_USER);
 std::string TextOf(const std::string& key, const char* name, HKEY hive = HKEY_CURRENT_USER);
-void DeleteValue(const std::string& key, const char* name);
 
 void MakeKey(const std::string& key, HKEY hive = HKEY_CURRENT_USER);
 // With all below it.
 void DeleteKey(const std::string& key, HKEY hive = HKEY_CURRENT_USER);
 // The names of the key's values, and those of its subkeys with a backslash after them, in their order.
 Names NamesIn(const std::string& key, HKEY hive = HKEY_CURRENT_USER);
-// Leaves everybody no more than reading; the key can still be deleted.
-void Restrict(const std::string& key);
 
 // Keys of the product: one desktop's, one program's.
 std::string DesktopKey(int id);

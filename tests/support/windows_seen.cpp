@@ -4,15 +4,14 @@ namespace halyard::test {
 
 namespace {
 
-testing::AssertionResult IsShown(HWND window, bool visible, DWORD limit) {
-    const auto isSo = [&] { return IsWindow(window) && (IsWindowVisible(window) != FALSE) == visible; };
-    if (Eventually(isSo, limit)) return testing::AssertionSuccess();
-    return testing::AssertionFailure() << "should be " << (visible ? "visible: " : "hidden: ") << Describe(window);
+testing::AssertionResult IsShown(HWND window, bool visible, DWORD limit = WaitLimit) {
+    return Comes([&] { return IsWindow(window) && (IsWindowVisible(window) != FALSE) == visible; },
+                 [&] { return "should be otherwise: " + Describe(window); }, limit);
 }
 
 // Showing and hiding are sent to the thread; a later message comes after them.
 testing::AssertionResult Stays(HWND window, bool visible) {
-    if (Ask(window, WM_NULL) != 0) return testing::AssertionFailure() << "doesn't answer: " << Describe(window);
+    EXPECT_EQ(Ask(window, WM_NULL), 0);
     return IsShown(window, visible, 0);
 }
 
@@ -58,10 +57,10 @@ HWND WindowOf(DWORD processId, const std::string& title) {
 }
 
 testing::AssertionResult BecomesVisible(HWND window) {
-    return IsShown(window, true, WaitLimit);
+    return IsShown(window, true);
 }
 testing::AssertionResult BecomesHidden(HWND window) {
-    return IsShown(window, false, WaitLimit);
+    return IsShown(window, false);
 }
 testing::AssertionResult StaysVisible(HWND window) {
     return Stays(window, true);

@@ -37,8 +37,8 @@ bool Eventually(Condition condition, DWORD limit = WaitLimit) {
 
 // The same for EXPECT_TRUE; `tell` gives the text of a failure, of what was seen at the end.
 template <typename Condition, typename Tell>
-testing::AssertionResult Comes(Condition condition, Tell tell) {
-    if (Eventually(condition)) return testing::AssertionSuccess();
+testing::AssertionResult Comes(Condition condition, Tell tell, DWORD limit = WaitLimit) {
+    if (Eventually(condition, limit)) return testing::AssertionSuccess();
     return testing::AssertionFailure() << tell();
 }
 
