@@ -45,6 +45,8 @@ expect_gone "Halyard: programs"
 say "Another picture for a desktop, where the platform has no panel for it:"
 convert -size 320x200 gradient:'#1F6F5C-#E8D8A0' -alpha off "BMP3:$WINEPREFIX/drive_c/Dunes.bmp"
 wine reg add 'HKCU\Control Panel\Desktop' /v Wallpaper /d 'C:\Dunes.bmp' /f >/dev/null 2>&1
+# It opens on the display where the mouse is.
+move_mouse 600 700
 open_settings 2
 loader --config 2
 click_in "$SettingsTitle" 50 155
