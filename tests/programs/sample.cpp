@@ -9,13 +9,11 @@ namespace sample {
 namespace {
 
 constexpr char PopupClass[] = "HalyardSamplePopup";
-constexpr ULONG_PTR ScreenAddress = 0x59E5A0;  // of the modelling programs' width; the height follows
-char image[0x200000];                          // the image's memory reaches beyond that address
 
 std::string title = DefaultTitle, windowClass = DefaultClass;
 RECT place = {40, 40, 360, 280};
-int count = 1, showCommand = SW_SHOW, screenWidth = 0;
-bool ownThreads = false, colour = false, shell = false, holdsScreen = false;
+int count = 1, showCommand = SW_SHOW;
+bool ownThreads = false, colour = false, shell = false;
 
 DWORD mainThread = 0;
 LONG mainWindows = 0, hides = 0;
@@ -72,40 +70,6 @@ LRESULT PlaceOfItem(HMENU menu, UINT id) {
 LRESULT Report(const std::string& text) {
     lstrcpynA(report, text.c_str(), ReportSize);
     return static_cast<LRESULT>(text.size());
-}
-
-int* Screen() {
-    return reinterpret_cast<int*>(ScreenAddress);
-}
-
-using RectFn = BOOL (*)(HWND, RECT*);
-using ParameterFn = BOOL (*)(UINT, UINT, void*);
-
-std::string SizesText(HWND window, RectFn rectOf, ParameterFn parameter) {
-    RECT rects[3] = {};
-    rectOf(GetDesktopWindow(), &rects[0]);
-    parameter(SPI_GETWORKAREA, 0, &rects[1]);
-    rectOf(window, &rects[2]);
-    UINT lines = 0;
-    parameter(SPI_GETWHEELSCROLLLINES, 0, &lines);
-    char text[128] = {};
-    for (const RECT& rect : rects)
-        wsprintfA(text + lstrlenA(text), "%ld,%ld,%ld,%ld ", rect.left, rect.top, rect.right, rect.bottom);
-    return std::string(text) + "lines " + std::to_string(lines) + "\n";
-}
-
-LRESULT OnReportSizes(HWND window) {
-    if (holdsScreen) return Report("screen " + std::to_string(Screen()[0]) + "x" + std::to_string(Screen()[1]));
-    const HMODULE layer = LoadLibraryA("ExtensionLayer.dll");
-    const auto entry = [&](const char* name) { return reinterpret_cast<void*>(GetProcAddress(layer, name)); };
-    const auto ownRect = [](HWND of, RECT* rect) { return GetWindowRect(of, rect); };
-    const auto ownParameter = [](UINT action, UINT param, void* data) {
-        return SystemParametersInfoA(action, param, data, 0);
-    };
-    return Report("layer " +
-                  SizesText(window, reinterpret_cast<RectFn>(entry("LayerWindowRect")),
-                            reinterpret_cast<ParameterFn>(entry("LayerParameter"))) +
-                  "program " + SizesText(window, ownRect, ownParameter));
 }
 
 LRESULT CALLBACK PopupProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -199,7 +163,6 @@ LRESULT CALLBACK MainProc(HWND window, UINT message, WPARAM wParam, LPARAM lPara
     case Activate: return SetActiveWindow(window) != nullptr;
     case HasOwnProcedure: return GetWindowLongPtrA(window, GWLP_WNDPROC) == ownProcedure;
     case MakeLayered: return OnMakeLayered(window, static_cast<BYTE>(wParam));
-    case ReportSizes: return OnReportSizes(window);
     case WM_WINDOWPOSCHANGED:
         if (reinterpret_cast<const WINDOWPOS*>(lParam)->flags & SWP_HIDEWINDOW) InterlockedIncrement(&hides);
         break;
@@ -224,14 +187,6 @@ void OpenShell() {
     place = {0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
     const HWND progman = Open("Progman", MainProc, "Progman", WS_POPUP | WS_VISIBLE, nullptr, 0);
     Open("SHELLDLL_DefView", MainProc, {}, WS_CHILD | WS_VISIBLE, progman, 0);
-}
-
-bool HoldScreen() {
-    const auto start = reinterpret_cast<ULONG_PTR>(image);
-    if (start > ScreenAddress || ScreenAddress + 2 * sizeof(int) > start + sizeof(image)) return false;
-    Screen()[0] = screenWidth ? screenWidth : GetSystemMetrics(SM_CXSCREEN);
-    Screen()[1] = GetSystemMetrics(SM_CYSCREEN);
-    return true;
 }
 
 void Pump() {
@@ -259,7 +214,6 @@ bool ReadSwitch(const std::string& text, const char* value) {
     if (text == "--title") title = value;
     if (text == "--class") windowClass = value;
     if (text == "--count") count = std::atoi(value);
-    if (text == "--screen") holdsScreen = true, screenWidth = std::atoi(value);
     if (text == "--at" && std::sscanf(value, "%ld,%ld,%ld,%ld", &place.left, &place.top, &place.right, &place.bottom))
         place = {place.left, place.top, place.left + place.right, place.top + place.bottom};
     return false;  // the value is no switch
@@ -269,7 +223,6 @@ int Run(int arguments, char** texts) {
     for (int index = 1; index < arguments; ++index)
         if (!ReadSwitch(texts[index], index + 1 < arguments ? texts[index + 1] : "")) ++index;
     if (colour) return static_cast<int>(GetSysColor(COLOR_BACKGROUND));
-    if (holdsScreen && !HoldScreen()) return 1;
     const HANDLE block = CreateFileMappingA(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, ReportSize,
                                             ReportName(GetCurrentProcessId()).c_str());
     report = static_cast<char*>(MapViewOfFile(block, FILE_MAP_WRITE, 0, 0, ReportSize));

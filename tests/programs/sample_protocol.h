@@ -12,7 +12,6 @@ namespace sample {
 //   --inactive   main windows are shown without being activated; --hidden: they aren't shown
 //   --colour     no window: ends with the background colour as the exit status
 //   --shell      a shell's desktop windows, with a context menu of one item; the file's name must hold "explorer"
-//   --screen N   holds the screen's size where the modelling programs do, with the width N; 0: the first display's
 inline constexpr char File[] = "sample.exe";
 inline constexpr char DefaultTitle[] = "Sample";
 inline constexpr char DefaultClass[] = "HalyardSample";
@@ -32,8 +31,6 @@ enum Message : UINT {
     Activate,             // makes the window the active one of its thread, shown or not
     HasOwnProcedure,      // whether the window's procedure is the one that the program gave it
     MakeLayered,          // wParam: opacity
-    ReportSizes,          // writes what "ExtensionLayer.dll" of the program's folder and the program itself are told
-                          // of the desktop's size, and the size that the program holds
 };
 
 enum Owner : WPARAM { VisibleOwner, HiddenOwner, NoOwner };
