@@ -117,10 +117,10 @@ TEST_F(PagesTest, DesktopsAreAddedNamedRemovedAndActivated) {
     // Off, the desktops give back what they hide, and nothing can be sent away for good; on, running programs know.
     Assign(onOne.window, 1);
     ASSERT_TRUE(BecomesHidden(onOne.window));
+    OpenSheet(DesktopsTab);
     for (const bool on : {false, true}) {
-        OpenSheet(DesktopsTab);
         ClickControl(IDC_MULTI_DESK);
-        Press(IDOK);
+        Press(ApplyButton);
         EXPECT_TRUE(BecomesVisible(onOne.window));
         SendAway(onOne);
         EXPECT_TRUE(on ? BecomesHidden(onOne.window) : StaysVisible(onOne.window));

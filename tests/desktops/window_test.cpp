@@ -20,12 +20,12 @@ TEST_F(WindowTest, ThatOpenUnderTheHooksMoveByMessage) {
     Assign(moved.window, 1);
     EXPECT_TRUE(BecomesHidden(moved.window));
     Assign(everywhere.window, published::AllDesktops);
-    const HWND popup = OpenPopup(moved, true);
+    const HWND popup = OpenPopup(everywhere, true);
     Ask(popup, sample::ShowAs, SW_HIDE);
     for (int id : {1, 2, 0, 1}) {
         Switch(id);
         for (HWND window : {unshown.window, popup})
-            EXPECT_TRUE(StaysHidden(window)) << "its program has hidden it";
+            EXPECT_TRUE(StaysHidden(window)) << "its program has hidden it; on desktop " << id;
         EXPECT_TRUE(StaysVisible(everywhere.window)) << "on desktop " << id;
         EXPECT_TRUE(id == 1 ? BecomesVisible(moved.window) : BecomesHidden(moved.window)) << "on desktop " << id;
     }

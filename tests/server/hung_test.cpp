@@ -9,20 +9,17 @@ namespace {
 using HungTest = DesktopTest;
 
 TEST_F(HungTest, ProgramsDontHoldASwitchUpAndFollowTheLast) {
-    constexpr int Count = 5;
     const KernelHandle wake(CreateEventA(nullptr, TRUE, FALSE, sample::WakeEvent));
     WriteNumber(DesktopKey(1), "Colour", RGB(0x10, 0x50, 0x10));
     StartLoader();
     const Sample alive = OpenSample("Alive");
-    const Sample hung = OpenSample("Hung", Format("--threads --count %d", Count));
-    ASSERT_TRUE(WindowsBecome(0, 1 + Count));
     std::vector<HWND> frames, stuck;
-    for (int number = 1; number <= Count; ++number) {
-        frames.push_back(WindowOf(hung.program->Id(), number == 1 ? "Hung" : Format("Hung %d", number)));
-        for (const HWND window : {frames.back(), OpenPopup({hung.program, frames.back()}, true)}) {
-            ASSERT_TRUE(BecomesVisible(window));
+    for (unsigned number = 1; number <= 5; ++number) {
+        const Sample hung = OpenSample("Hung");
+        ASSERT_TRUE(WindowsBecome(0, 1 + number));
+        frames.push_back(hung.window);
+        for (const HWND window : {hung.window, OpenPopup(hung, true)})
             stuck.push_back(window);
-        }
     }
     for (const bool visible : {true, false}) {
         ResetEvent(wake.get());
