@@ -85,7 +85,8 @@ TEST_F(DragTest, DocksAtInnerBordersOnly) {
 
 TEST_F(DragEndTest, EscapePutsTheWindowBack) {
     Open();
-    Ask(frame.window, sample::MakeLayered, 100);
+    SetWindowLongA(frame.window, GWL_EXSTYLE, GetWindowLongA(frame.window, GWL_EXSTYLE) | WS_EX_LAYERED);
+    SetLayeredWindowAttributes(frame.window, 0, 100, LWA_ALPHA);
     Drag drag(frame.window);
     drag.To(300, 50);
     ASSERT_TRUE(BecomesPlaced(frame.window, At({1024, 150})));

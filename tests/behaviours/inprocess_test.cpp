@@ -1,8 +1,11 @@
 // What desktops can't show: programs that do something in the middle of what is done to their windows, and platforms
 // that count differently.
+#include "behaviours/application_patches.h"
 #include "behaviours/drag_loop.h"
 #include "behaviours/geometry.h"
 #include "behaviours/placement.h"
+#include "common/entry.h"
+#include "common/handles.h"
 #include "displays/displays.h"
 #include "hook/behaviours.h"
 #include "hook/tracked_window.h"
@@ -214,6 +217,57 @@ TEST_F(SystemMenuTest, LeavesEachProgramItsMenu) {
             EXPECT_EQ(reverts ? standard : test.off, IdsOf(GetSystemMenu(victim.get(), FALSE)));
             EXPECT_EQ(nullptr, victim.tracked.submenu);
         }
+}
+
+using PatchesTest = InProcessTest;
+
+// What a module of the program gets of the platform, through imports of its own.
+TEST_F(PatchesTest, ModulesThatAreKnownAreToldOfAllDisplays) {
+    const Library layer(LoadLibraryA("ExtensionLayer.dll"));
+    const auto rectOf = EntryOf<BOOL (*)(HWND, RECT*)>(layer.get(), "LayerWindowRect");
+    const auto parameter = EntryOf<BOOL (*)(UINT, void*)>(layer.get(), "LayerParameter");
+    const TestWindow window(Dragged);
+    const auto told = [&] {
+        RECT desktop = {}, area = {}, own = {};
+        UINT lines = 0;
+        rectOf(GetDesktopWindow(), &desktop);
+        rectOf(window.get(), &own);
+        parameter(SPI_GETWORKAREA, &area);
+        parameter(SPI_GETWHEELSCROLLLINES, &lines);
+        EXPECT_TRUE(own == Dragged.place && lines == 3);
+        return std::vector<RECT>{desktop, area};
+    };
+    const std::vector<RECT> plain = told(), wide = {WorkBounds(), WorkBounds()};
+    for (const bool known : {false, true}) {
+        profile.program.maya = known;
+        ApplyApplicationPatches();
+        EXPECT_EQ(known ? wide : plain, told());
+        RemoveApplicationPatches();
+        EXPECT_EQ(plain, told()) << "undone";
+    }
+}
+
+// Reaches beyond the address at which the modelling programs have the screen's width.
+alignas(0x1000) int image[0x80000];
+
+TEST_F(PatchesTest, ProgramsThatHoldTheScreensSizeHoldThatOfAllDisplays) {
+    const int width = GetSystemMetrics(SM_CXSCREEN);
+    auto* screen = HandleFromBits<int*>(0x59E5A0);
+    ASSERT_TRUE(std::begin(image) < screen && screen < std::end(image));
+    profile.program.modeler = true;
+    const struct {
+        int held;
+        DWORD protection;
+        int width;
+    } cases[] = {{width, PAGE_READWRITE, 2 * width}, {width, PAGE_READONLY, width}, {777, PAGE_READWRITE, 777}};
+    for (const auto& [held, protection, wanted] : cases) {
+        DWORD before = 0;
+        screen[0] = held;
+        VirtualProtect(screen, sizeof(int), protection, &before);
+        ApplyApplicationPatches();
+        VirtualProtect(screen, sizeof(int), PAGE_READWRITE, &before);
+        EXPECT_EQ(wanted, screen[0]);
+    }
 }
 
 using PlacementTest = InProcessTest;

@@ -173,39 +173,6 @@ TEST_F(DialogTest, GoWhereTheUserWantsThem) {
     }
 }
 
-using PatchesTest = BehaviourTest;
-
-TEST_F(PatchesTest, ProgramsThatAreKnownAreToldOfAllDisplays) {
-    const std::string plain = " 0,0,1024,768 0,0,1024,728 100,100,500,400 lines 3\n";
-    const std::string wide = " 0,0,2048,728 0,0,2048,728 100,100,500,400 lines 3\n";
-    const struct {
-        const char* program;
-        const char* screen;  // what it believes of the screen's width, for the modelling programs
-        std::string sizes;
-    } cases[] = {{"maya.exe", "", "layer" + wide + "program" + plain},
-                 {"other.exe", "", "layer" + plain + "program" + plain},
-                 {"modeler.exe", " --screen 0", "screen 2048x768"},
-                 {"modeler.exe", " --screen 777", "screen 777x768"}};
-    ASSERT_TRUE(Arrange(UnderTaskbars())) << Describe(PresentDisplays());
-    for (const auto& [program, screen, sizes] : cases) {
-        SCOPED_TRACE(std::string(program) + screen);
-        const std::string own = ScratchFolder();
-        CopyTo(own, "sample_layer.dll", "ExtensionLayer.dll");
-        const Sample frame = OpenFrame("Told", std::string(Place) + screen, CopyTo(own, sample::File, program));
-        const std::string before = *screen ? sizes : "layer" + plain + "program" + plain;
-        ReportOf(frame, sample::ReportSizes);  // and the layer is there
-        Set("Run", 1);
-        StartLoader();
-        ASSERT_TRUE(WindowsBecome(0, 1));
-        EXPECT_EQ(ReportOf(frame, sample::ReportSizes), sizes);
-        Loader("--disable");
-        ASSERT_EQ(Ask(frame.window, sample::DropLibrary), 1);
-        EXPECT_EQ(ReportOf(frame, sample::ReportSizes), before) << "undone";
-        QuitLoader();
-        Close(frame);
-    }
-}
-
 }  // namespace
 
 }  // namespace halyard::test

@@ -24,13 +24,6 @@ TEST(PageRules, ADisplayThatIsAwayForAWhileIsNotForgotten) {
         EXPECT_EQ(DialogChoiceOfRow(row, 2).control, 0u) << row;
 }
 
-TEST(PageRules, ARowThatIsNotAppliedYetCanOnlyBeRemoved) {
-    const DesktopButtons unsaved = ButtonsOfDesktop({true, true}, true, true, UnsavedDesktopId, 0);
-    EXPECT_TRUE(unsaved.remove && !unsaved.activate && !unsaved.wallpaper);
-    const DesktopButtons looking = ButtonsOfDesktop({false, true}, true, true, 1, 0);
-    EXPECT_TRUE(!looking.remove && looking.activate && looking.wallpaper) << "who may not edit may still switch";
-}
-
 }  // namespace
 
 }  // namespace halyard

@@ -113,28 +113,18 @@ TEST_F(PagesTest, DesktopsAreAddedNamedRemovedAndActivated) {
     EXPECT_TRUE(WindowsBecome(0, 1));
     EXPECT_EQ(TextOf(DesktopKey(1), nullptr), "new");
     EXPECT_EQ(TextOf(DesktopKey(4), nullptr), "");
-}
 
-TEST_F(PagesTest, DesktopsGoOnAndOffInRunningPrograms) {
-    Set("MultiDesk", 0);
-    StartLoader();
-    const Sample sample = OpenSample("Sent");
-    ASSERT_TRUE(WindowsBecome(0, 1));
-    SendAway(sample);
-    ASSERT_TRUE(StaysVisible(sample.window));
+    // Off, the desktops give back what they hide, and nothing can be sent away for good; on, running programs know.
+    Assign(onOne.window, 1);
+    ASSERT_TRUE(BecomesHidden(onOne.window));
     OpenSheet(DesktopsTab);
-    ClickControl(IDC_MULTI_DESK);
-    Press(ApplyButton);
-    SendAway(sample);
-    EXPECT_TRUE(BecomesHidden(sample.window)) << "the program doesn't know of the desktops";
-    ClickControl(IDC_MULTI_DESK);
-    ASSERT_TRUE(Becomes(IDC_DESKTOP_LIST, false));
-    Press(IDOK);
-    EXPECT_TRUE(BecomesVisible(sample.window));
-    SendAway(sample);
-    EXPECT_TRUE(StaysVisible(sample.window)) << "there would be no way back";
-    EXPECT_EQ(NumberOr(published::ProductKey, "MultiDesk", 9), 0u);
-    EXPECT_EQ(TextOf(DesktopKey(2), nullptr), "Two") << "the desktops stay";
+    for (const bool on : {false, true}) {
+        ClickControl(IDC_MULTI_DESK);
+        Press(ApplyButton);
+        EXPECT_TRUE(BecomesVisible(onOne.window));
+        SendAway(onOne);
+        EXPECT_TRUE(on ? BecomesHidden(onOne.window) : StaysVisible(onOne.window));
+    }
 }
 
 TEST_F(PagesTest, WhatWasNotLoadedIsNotSaved) {

@@ -178,23 +178,6 @@ TEST_F(ElsewhereTest, ModalDialogsAndTheirOwnersAreNeverApart) {
     EXPECT_TRUE(IsInFront(late));
 }
 
-TEST_F(ElsewhereTest, ABusyProgramFollowsTheLastRequest) {
-    StartLoader();
-    const Sample busy = OpenSample("Busy");
-    ASSERT_TRUE(WindowsBecome(0, 1));
-    Switch(1);
-    ASSERT_TRUE(BecomesHidden(busy.window));
-    PostMessageA(busy.window, sample::Hang, 1500, 0);
-    ASSERT_TRUE(Eventually([&] { return Ask(busy.window, WM_NULL, 0, 0, 50) == -1; }));
-    Switch(0);
-    Switch(1);
-    ASSERT_TRUE(Eventually([&] { return Ask(busy.window, WM_NULL, 0, 0, 50) == 0; }));
-    EXPECT_TRUE(StaysHidden(busy.window));
-    Switch(0);
-    EXPECT_TRUE(BecomesVisible(busy.window));
-    EXPECT_TRUE(IsInFront(busy.window));
-}
-
 }  // namespace
 
 }  // namespace halyard::test

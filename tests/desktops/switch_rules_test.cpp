@@ -112,13 +112,10 @@ TEST(DesktopOf, ModalDialogsGoWithTheirOwners) {
         const SeenRow windows = OwnerAndOwned(test.owner, test.ownerEnabled, test.owned);
         EXPECT_EQ(test.desktop, DesktopOf(windows, windows[0])) << test.owner << test.ownerEnabled << test.owned;
     }
-}
-
-TEST(DesktopOf, EndsWhereOwnersSeemToFormARing) {
-    SeenRow windows;
-    windows.Add({.key = 'A', .owner = 'B', .recorded = NoDesktop});
-    windows.Add({.key = 'B', .owner = 'A', .recorded = NoDesktop});
-    EXPECT_EQ(NoDesktop, DesktopOf(windows, windows[0]));
+    SeenRow ring;
+    ring.Add({.key = 'A', .owner = 'B', .recorded = NoDesktop});
+    ring.Add({.key = 'B', .owner = 'A', .recorded = NoDesktop});
+    EXPECT_EQ(NoDesktop, DesktopOf(ring, ring[0]));
 }
 
 TEST(DecideChange, GoesByTheDesktopAndByWhatWasAskedLast) {
@@ -160,14 +157,6 @@ TEST(DesktopIdOfKey, TakesPlainNumbersOnly) {
         {"07", 0}, {"1x", 0},  {"99999999999", 0}};
     for (const auto& [name, id] : Cases)
         EXPECT_EQ(DesktopIdOfKey(name), id) << name;
-}
-
-TEST(Neighbour, GoesRoundBothEnds) {
-    constexpr unsigned Cases[][4] = {{0, 1, 0, 0}, {0, 2, 1, 1}, {0, 3, 1, 2}, {1, 3, 2, 0}, {2, 3, 0, 1}};
-    for (const auto& [position, count, after, before] : Cases) {
-        EXPECT_EQ(Neighbour(position, count, 1), after) << position << " of " << count;
-        EXPECT_EQ(Neighbour(position, count, -1), before) << position << " of " << count;
-    }
 }
 
 }  // namespace

@@ -14,13 +14,18 @@ TEST_F(WindowTest, ThatOpenUnderTheHooksMoveByMessage) {
     Switch(2);
     const Sample moved = OpenSample("Moved");
     const Sample everywhere = OpenSample("Everywhere");
-    ASSERT_TRUE(WindowsBecome(2, 2)) << "a window belongs to the desktop of its birth";
+    const Sample unshown = OpenSample("Unshown", "--hidden");
+    ASSERT_TRUE(WindowsBecome(2, 2)) << "a window belongs to the desktop of its birth, once it is to be seen";
 
     Assign(moved.window, 1);
     EXPECT_TRUE(BecomesHidden(moved.window));
     Assign(everywhere.window, published::AllDesktops);
+    const HWND popup = OpenPopup(everywhere, true);
+    Ask(popup, sample::ShowAs, SW_HIDE);
     for (int id : {1, 2, 0, 1}) {
         Switch(id);
+        for (HWND window : {unshown.window, popup})
+            EXPECT_TRUE(StaysHidden(window)) << "its program has hidden it; on desktop " << id;
         EXPECT_TRUE(StaysVisible(everywhere.window)) << "on desktop " << id;
         EXPECT_TRUE(id == 1 ? BecomesVisible(moved.window) : BecomesHidden(moved.window)) << "on desktop " << id;
     }
@@ -30,20 +35,6 @@ TEST_F(WindowTest, ThatOpenUnderTheHooksMoveByMessage) {
     EXPECT_TRUE(WindowsBecome(0, 1));
     Switch(77);
     EXPECT_EQ(Status("current desktop"), "1");
-}
-
-TEST_F(WindowTest, HiddenByTheirProgramStayHidden) {
-    StartLoader();
-    const Sample sample = OpenSample("Own mind");
-    const Sample unshown = OpenSample("Unshown", "--hidden");
-    ASSERT_TRUE(WindowsBecome(0, 1)) << "only what is to be seen counts";
-    Ask(sample.window, sample::ShowAs, SW_HIDE);
-    const HWND popup = OpenPopup(sample, false);
-    for (int id : {1, 0}) {
-        Switch(id);
-        for (HWND window : {sample.window, unshown.window, popup})
-            EXPECT_TRUE(StaysHidden(window)) << "on desktop " << id;
-    }
 }
 
 class HiddenWindowTest : public DesktopTest {

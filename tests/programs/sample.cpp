@@ -9,20 +9,17 @@ namespace sample {
 namespace {
 
 constexpr char PopupClass[] = "HalyardSamplePopup";
-constexpr ULONG_PTR ScreenAddress = 0x59E5A0;  // of the modelling programs' width; the height follows
-char image[0x200000];                          // the image's memory reaches beyond that address
 
 std::string title = DefaultTitle, windowClass = DefaultClass;
 RECT place = {40, 40, 360, 280};
-int count = 1, showCommand = SW_SHOW, screenWidth = 0;
-bool ownThreads = false, colour = false, shell = false, holdsScreen = false;
+int count = 1, showCommand = SW_SHOW;
+bool colour = false, shell = false;
 
-DWORD mainThread = 0;
 LONG mainWindows = 0, hides = 0;
 LONG messageCounts[WM_USER] = {};
 HMENU shellMenu = nullptr;
 LONG_PTR ownProcedure = 0;
-char* report = nullptr;
+HWND report = nullptr;
 
 POINT PointOf(LPARAM lParam) {
     return {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
@@ -70,46 +67,12 @@ LRESULT PlaceOfItem(HMENU menu, UINT id) {
 }
 
 LRESULT Report(const std::string& text) {
-    lstrcpynA(report, text.c_str(), ReportSize);
-    return static_cast<LRESULT>(text.size());
-}
-
-int* Screen() {
-    return reinterpret_cast<int*>(ScreenAddress);
-}
-
-using RectFn = BOOL (*)(HWND, RECT*);
-using ParameterFn = BOOL (*)(UINT, UINT, void*);
-
-std::string SizesText(HWND window, RectFn rectOf, ParameterFn parameter) {
-    RECT rects[3] = {};
-    rectOf(GetDesktopWindow(), &rects[0]);
-    parameter(SPI_GETWORKAREA, 0, &rects[1]);
-    rectOf(window, &rects[2]);
-    UINT lines = 0;
-    parameter(SPI_GETWHEELSCROLLLINES, 0, &lines);
-    char text[128] = {};
-    for (const RECT& rect : rects)
-        wsprintfA(text + lstrlenA(text), "%ld,%ld,%ld,%ld ", rect.left, rect.top, rect.right, rect.bottom);
-    return std::string(text) + "lines " + std::to_string(lines) + "\n";
-}
-
-LRESULT OnReportSizes(HWND window) {
-    if (holdsScreen) return Report("screen " + std::to_string(Screen()[0]) + "x" + std::to_string(Screen()[1]));
-    const HMODULE layer = LoadLibraryA("ExtensionLayer.dll");
-    const auto entry = [&](const char* name) { return reinterpret_cast<void*>(GetProcAddress(layer, name)); };
-    const auto ownRect = [](HWND of, RECT* rect) { return GetWindowRect(of, rect); };
-    const auto ownParameter = [](UINT action, UINT param, void* data) {
-        return SystemParametersInfoA(action, param, data, 0);
-    };
-    return Report("layer " +
-                  SizesText(window, reinterpret_cast<RectFn>(entry("LayerWindowRect")),
-                            reinterpret_cast<ParameterFn>(entry("LayerParameter"))) +
-                  "program " + SizesText(window, ownRect, ownParameter));
+    SetWindowTextA(report, text.c_str());
+    return reinterpret_cast<LRESULT>(report);
 }
 
 LRESULT CALLBACK PopupProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message < WM_USER) InterlockedIncrement(&messageCounts[message]);
+    if (message < WM_USER) ++messageCounts[message];
     if (message == ShowAs) return ShowWindow(window, static_cast<int>(wParam));
     if (message == AskAttention) return FlashWindow(window, TRUE);
     return DefWindowProcA(window, message, wParam, lParam);
@@ -172,17 +135,9 @@ LRESULT OnOpenMenu(HWND view, POINT corner) {
     return TrackPopupMenu(shellMenu, TPM_LEFTALIGN | TPM_TOPALIGN, corner.x, corner.y, 0, view, nullptr);
 }
 
-LRESULT OnMakeLayered(HWND window, BYTE alpha) {
-    SetWindowLongA(window, GWL_EXSTYLE, GetWindowLongA(window, GWL_EXSTYLE) | WS_EX_LAYERED);
-    return SetLayeredWindowAttributes(window, 0, alpha, LWA_ALPHA);
-}
-
 // The program ends with its last main window.
 LRESULT OnDestroy() {
-    if (InterlockedDecrement(&mainWindows) == 0)
-        PostThreadMessageA(mainThread, WM_QUIT, 0, 0);
-    else if (ownThreads && GetCurrentThreadId() != mainThread)
-        PostQuitMessage(0);
+    if (--mainWindows == 0) PostQuitMessage(0);
     return 0;
 }
 
@@ -199,10 +154,8 @@ LRESULT CALLBACK MainProc(HWND window, UINT message, WPARAM wParam, LPARAM lPara
     case OpenDialog: return OnOpenDialog(window, wParam, PointOf(lParam));
     case Activate: return SetActiveWindow(window) != nullptr;
     case HasOwnProcedure: return GetWindowLongPtrA(window, GWLP_WNDPROC) == ownProcedure;
-    case MakeLayered: return OnMakeLayered(window, static_cast<BYTE>(wParam));
-    case ReportSizes: return OnReportSizes(window);
     case WM_WINDOWPOSCHANGED:
-        if (reinterpret_cast<const WINDOWPOS*>(lParam)->flags & SWP_HIDEWINDOW) InterlockedIncrement(&hides);
+        if (reinterpret_cast<const WINDOWPOS*>(lParam)->flags & SWP_HIDEWINDOW) ++hides;
         break;
     case WM_DESTROY: return OnDestroy();
     }
@@ -227,30 +180,7 @@ void OpenShell() {
     Open("SHELLDLL_DefView", MainProc, {}, WS_CHILD | WS_VISIBLE, progman, 0);
 }
 
-bool HoldScreen() {
-    const auto start = reinterpret_cast<ULONG_PTR>(image);
-    if (start > ScreenAddress || ScreenAddress + 2 * sizeof(int) > start + sizeof(image)) return false;
-    Screen()[0] = screenWidth ? screenWidth : GetSystemMetrics(SM_CXSCREEN);
-    Screen()[1] = GetSystemMetrics(SM_CYSCREEN);
-    return true;
-}
-
-void Pump() {
-    MSG message;
-    while (GetMessageA(&message, nullptr, 0, 0) > 0) {
-        TranslateMessage(&message);
-        DispatchMessageA(&message);
-    }
-}
-
-DWORD WINAPI RunThread(void* number) {
-    OpenMain(static_cast<int>(reinterpret_cast<INT_PTR>(number)));
-    Pump();
-    return 0;
-}
-
 bool ReadSwitch(const std::string& text, const char* value) {
-    if (text == "--threads") return ownThreads = true;
     if (text == "--colour") return colour = true;
     if (text == "--shell") return shell = true;
     if (text == "--hidden" || text == "--inactive") {
@@ -260,7 +190,6 @@ bool ReadSwitch(const std::string& text, const char* value) {
     if (text == "--title") title = value;
     if (text == "--class") windowClass = value;
     if (text == "--count") count = std::atoi(value);
-    if (text == "--screen") holdsScreen = true, screenWidth = std::atoi(value);
     if (text == "--at" && std::sscanf(value, "%ld,%ld,%ld,%ld", &place.left, &place.top, &place.right, &place.bottom))
         place = {place.left, place.top, place.left + place.right, place.top + place.bottom};
     return false;  // the value is no switch
@@ -270,23 +199,16 @@ int Run(int arguments, char** texts) {
     for (int index = 1; index < arguments; ++index)
         if (!ReadSwitch(texts[index], index + 1 < arguments ? texts[index + 1] : "")) ++index;
     if (colour) return static_cast<int>(GetSysColor(COLOR_BACKGROUND));
-    if (holdsScreen && !HoldScreen()) return 1;
-    const HANDLE block = CreateFileMappingA(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, ReportSize,
-                                            ReportName(GetCurrentProcessId()).c_str());
-    report = static_cast<char*>(MapViewOfFile(block, FILE_MAP_WRITE, 0, 0, ReportSize));
-    mainThread = GetCurrentThreadId();
+    report = CreateWindowA("STATIC", "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
     mainWindows = count;
-    if (shell) {
-        OpenShell();
-    } else {
-        OpenMain(1);
-        for (int number = 2; number <= count; ++number)
-            if (ownThreads)
-                CloseHandle(CreateThread(nullptr, 0, RunThread, reinterpret_cast<void*>(INT_PTR(number)), 0, nullptr));
-            else
-                OpenMain(number);
+    if (shell) OpenShell();
+    for (int number = 1; number <= count && !shell; ++number)
+        OpenMain(number);
+    MSG message;
+    while (GetMessageA(&message, nullptr, 0, 0) > 0) {
+        TranslateMessage(&message);
+        DispatchMessageA(&message);
     }
-    Pump();
     return 0;
 }
 

@@ -5,6 +5,6 @@ extern "C" __declspec(dllexport) BOOL LayerWindowRect(HWND window, RECT* rect) {
     return GetWindowRect(window, rect);
 }
 
-extern "C" __declspec(dllexport) BOOL LayerParameter(UINT action, UINT param, void* data) {
-    return SystemParametersInfoA(action, param, data, 0);
+extern "C" __declspec(dllexport) BOOL LayerParameter(UINT action, void* data) {
+    return SystemParametersInfoA(action, 0, data, 0);
 }

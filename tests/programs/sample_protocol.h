@@ -8,11 +8,9 @@ namespace sample {
 
 // Switches: --title TEXT, --class NAME, --at LEFT,TOP,WIDTH,HEIGHT, and
 //   --count N    main windows, the second and later ones with " 2", " 3" after their title and a step aside
-//   --threads    each main window on a thread of its own
 //   --inactive   main windows are shown without being activated; --hidden: they aren't shown
 //   --colour     no window: ends with the background colour as the exit status
 //   --shell      a shell's desktop windows, with a context menu of one item; the file's name must hold "explorer"
-//   --screen N   holds the screen's size where the modelling programs do, with the width N; 0: the first display's
 inline constexpr char File[] = "sample.exe";
 inline constexpr char DefaultTitle[] = "Sample";
 inline constexpr char DefaultClass[] = "HalyardSample";
@@ -26,26 +24,17 @@ enum Message : UINT {
     CountHides,           // how often main windows were hidden
     DropLibrary,          // frees the product's library, as the platform does when its hooks have gone; whether it went
     OpenMenu,             // of the shell, posted; lParam: the place on the screen
-    ReportMenu,           // writes the system menu, or the shell's menu, into the report
+    ReportMenu,           // writes the system menu, or the shell's menu, into the window that is the answer
     ItemPlace,            // wParam: id of an item of an open menu. The answer is its centre on the screen, 0 for none
     OpenDialog,           // wParam: an `Owner`; lParam: the place. The answer is the handle; it isn't shown yet
     Activate,             // makes the window the active one of its thread, shown or not
     HasOwnProcedure,      // whether the window's procedure is the one that the program gave it
     AskAttention,         // flashes its caption once
-    MakeLayered,          // wParam: opacity
-    ReportSizes,          // writes what "ExtensionLayer.dll" of the program's folder and the program itself are told
-                          // of the desktop's size, and the size that the program holds
 };
 
 enum Owner : WPARAM { VisibleOwner, HiddenOwner, NoOwner };
 
 // A manual-reset event; set, it ends every hang.
 inline constexpr char WakeEvent[] = "HalyardSampleWake";
-
-// The report of a process: zero-closed text in a named block of memory.
-inline constexpr unsigned ReportSize = 8192;
-inline std::string ReportName(DWORD processId) {
-    return "HalyardSampleReport" + std::to_string(processId);
-}
 
 }  // namespace sample

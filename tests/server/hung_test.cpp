@@ -8,40 +8,41 @@ namespace {
 
 using HungTest = DesktopTest;
 
-TEST_F(HungTest, ProgramsDontHoldASwitchUp) {
-    constexpr int Count = 5;
+TEST_F(HungTest, ProgramsDontHoldASwitchUpAndFollowTheLast) {
     const KernelHandle wake(CreateEventA(nullptr, TRUE, FALSE, sample::WakeEvent));
     WriteNumber(DesktopKey(1), "Colour", RGB(0x10, 0x50, 0x10));
     StartLoader();
     const Sample alive = OpenSample("Alive");
-    const Sample hung = OpenSample("Hung", Format("--threads --count %d", Count));
-    ASSERT_TRUE(WindowsBecome(0, 1 + Count));
-    std::vector<HWND> stuck;
-    for (int number = 1; number <= Count; ++number) {
-        const std::string title = number == 1 ? "Hung" : Format("Hung %d", number);
-        const Sample one = {hung.program, WindowOf(hung.program->Id(), title)};
-        for (const HWND window : {one.window, OpenPopup(one, true)}) {
-            ASSERT_TRUE(BecomesVisible(window)) << title;
+    std::vector<HWND> frames, stuck;
+    for (unsigned number = 1; number <= 5; ++number) {
+        const Sample hung = OpenSample("Hung");
+        ASSERT_TRUE(WindowsBecome(0, 1 + number));
+        frames.push_back(hung.window);
+        for (const HWND window : {hung.window, OpenPopup(hung, true)})
             stuck.push_back(window);
+    }
+    for (const bool visible : {true, false}) {
+        ResetEvent(wake.get());
+        for (const HWND frame : frames)
+            PostMessageA(frame, sample::Hang, 60000, 0);
+        ASSERT_TRUE(Eventually([&] { return Ask(frames.back(), WM_NULL, 0, 0, 50) == -1; }))
+            << "the sample should hang";
+        // Desktop 1 has another colour, which the platform announces to every window.
+        for (int id : {1, 0, 2, 1, 0, 1}) {
+            const DWORD start = GetTickCount();
+            Switch(id);
+            ASSERT_TRUE(id == 0 ? BecomesVisible(alive.window) : BecomesHidden(alive.window)) << "on desktop " << id;
+            EXPECT_LT(GetTickCount() - start, 1000u) << "to desktop " << id;
         }
-        PostMessageA(one.window, sample::Hang, 60000, 0);
+        for (HWND window : stuck)
+            EXPECT_EQ(IsWindowVisible(window) != FALSE, visible) << "doesn't hang: " << Describe(window);
+        SetEvent(wake.get());
+        for (HWND window : frames)
+            ASSERT_TRUE(Eventually([&] { return Ask(window, WM_NULL, 0, 0, 50) == 0; }));
+        for (HWND window : stuck)
+            EXPECT_TRUE(BecomesHidden(window));
     }
-    ASSERT_TRUE(Eventually([&] { return Ask(stuck.front(), WM_NULL, 0, 0, 50) == -1; })) << "the sample should hang";
-    // Desktop 1 has another colour, which the platform announces to every window.
-    for (int id : {1, 0, 2, 1, 0, 1}) {
-        const DWORD start = GetTickCount();
-        Switch(id);
-        ASSERT_TRUE(id == 0 ? BecomesVisible(alive.window) : BecomesHidden(alive.window)) << "on desktop " << id;
-        EXPECT_LT(GetTickCount() - start, 1000u) << "to desktop " << id;
-    }
-    for (HWND window : stuck)
-        EXPECT_TRUE(IsWindowVisible(window)) << "doesn't hang: " << Describe(window);
-
-    SetEvent(wake.get());
-    for (HWND window : stuck)
-        EXPECT_TRUE(BecomesHidden(window));
     Switch(0);
-    stuck.push_back(alive.window);
     for (HWND window : stuck)
         EXPECT_TRUE(BecomesVisible(window));
 }

@@ -7,7 +7,14 @@ namespace halyard::test {
 namespace {
 
 using FirstRunTest = DesktopTest;
-using LoaderTest = DesktopTest;
+class LoaderTest : public DesktopTest {
+protected:
+    void Expect(const char* switches, DWORD status, const std::string& start) {
+        const Output output = Loader(switches);
+        EXPECT_TRUE(output.status == status && output.out.rfind(start, 0) == 0)
+            << switches << " ended with " << output.status << " and wrote: " << output.out;
+    }
+};
 
 TEST_F(FirstRunTest, StartsTheWizardOnce) {
     folder = ScratchFolder();
@@ -35,22 +42,12 @@ TEST_F(FirstRunTest, StartsTheWizardOnce) {
     EXPECT_EQ(runs(), 1u);
 }
 
-TEST_F(LoaderTest, RefusesWhatItCantDo) {
-    const auto expect = [&](const char* switches, DWORD status, const char* start) {
-        const Output output = Loader(switches);
-        EXPECT_TRUE(output.status == status && output.out.rfind(start, 0) == 0)
-            << switches << " ended with " << output.status << " and wrote: " << output.out;
-    };
-    for (const char* switches : {"--status", "--quit"})
-        expect(switches, 1, "Halyard isn't running\n");
-    StartLoader();
-    for (const char* switches : {"--frobnicate", "--status --quit --wrong"})
-        expect(switches, 2, "usage: tvlhload");
-    EXPECT_FALSE(loader->Ends(0)) << "none of a wrong line's switches is carried out";
-}
-
 TEST_F(LoaderTest, HandsItsSwitchesToTheResident) {
+    for (const char* switches : {"--status", "--quit"})
+        Expect(switches, 1, "Halyard isn't running\n");
     StartLoader("--no-guard");
+    for (const char* switches : {"--frobnicate", "--status --quit --wrong"})
+        Expect(switches, 2, "usage: tvlhload");
     const Sample sample = OpenSample("Told");
     ASSERT_TRUE(WindowsBecome(0, 1));
     const std::string status = Loader("--switch 2 --status").out;
@@ -58,26 +55,20 @@ TEST_F(LoaderTest, HandsItsSwitchesToTheResident) {
               "enabled: yes\nhooks: in\ncurrent desktop: 2\ndesktop 0: \"Default\", 1 window\n"
               "desktop 1: \"One\", 0 windows\ndesktop 2: \"Two\", 0 windows\nall desktops: 0 windows\nguard: none\n");
     EXPECT_TRUE(BecomesHidden(sample.window));
-    EXPECT_EQ(Loader("").status, 0u) << "a second start hands over nothing and ends";
+    Expect("", 0, "");
 
     EXPECT_NE(status.find("inside: sample.exe"), std::string::npos) << status;
     const std::string json = Loader("--json").out;
     EXPECT_NE(json.find("\"currentDesktop\": 2,"), json.npos) << json;
     EXPECT_NE(json.find("{\"id\": 1, \"name\": \"One\", \"windows\": 0}"), json.npos) << json;
-    const std::pair<const char*, const char*> failures[] = {
-        {"--switch 77", "Halyard has no desktop 77\n"},
-        {"--config 4", "The settings have no page 4 (0 to 3)\n"},
-        {"--disable --switch 1", "Halyard is turned off: no switch\n"}};
-    for (const auto& [switches, text] : failures) {
-        const Output output = Loader(switches);
-        EXPECT_EQ(output.status, 1u) << switches;
-        EXPECT_EQ(output.out, text);
-    }
+    Expect("--switch 77", 1, "Halyard has no desktop 77\n");
+    Expect("--config 4", 1, "The settings have no page 4 (0 to 3)\n");
+    Expect("--disable --switch 1", 1, "Halyard is turned off: no switch\n");
     EXPECT_EQ(Status("current desktop"), "0");
-    EXPECT_EQ(Loader("--enable --switch 1").status, 0u);
+    Expect("--enable --switch 1", 0, "");
     EXPECT_EQ(Status("current desktop"), "1");
 
-    EXPECT_EQ(Loader("--quit").status, 0u);
+    Expect("--quit", 0, "");
     ASSERT_TRUE(loader->Ends(WaitLimit));
     EXPECT_EQ(loader->ExitStatus(), 0u);
     EXPECT_TRUE(BecomesVisible(sample.window));
@@ -85,8 +76,8 @@ TEST_F(LoaderTest, HandsItsSwitchesToTheResident) {
 }
 
 TEST_F(LoaderTest, DoesSomeThingsByItself) {
-    EXPECT_EQ(Loader("--help").status, 0u);
-    EXPECT_EQ(Loader("--help --status").status, 2u);
+    Expect("--help", 0, "");
+    Expect("--help --status", 2, "");
     const std::string program = CopyTo(ScratchFolder(), sample::File, "kept out.exe");
     EXPECT_EQ(Loader("--exclude \"" + program + "\"").status, 0u);
     EXPECT_EQ(Loader("--excluded").out, program + "\n");

@@ -105,15 +105,6 @@ std::string DesktopTest::CopyTo(const std::string& targetFolder, const std::stri
     return target;
 }
 
-std::string DesktopTest::ReportOf(const Sample& asked, UINT message) {
-    if (Ask(asked.window, message) < 0) return "no answer";
-    const KernelHandle block(OpenFileMappingA(FILE_MAP_READ, FALSE, sample::ReportName(asked.program->Id()).c_str()));
-    const void* view = MapViewOfFile(block.get(), FILE_MAP_READ, 0, 0, sample::ReportSize);
-    const std::string text = view ? static_cast<const char*>(view) : "no report";
-    UnmapViewOfFile(view);
-    return text;
-}
-
 LRESULT DesktopTest::AskServer(UINT message, WPARAM wParam, LPARAM lParam) {
     return Ask(Server(), message, wParam, lParam);
 }

@@ -40,8 +40,10 @@ protected:
     // Two of its popups, one shown and one not.
     static HWND OpenPopup(const Sample& sample, bool visible);
 
-    // What the program has written in answer to a message.
-    static std::string ReportOf(const Sample& sample, UINT message);
+    // What the window's program has written in answer to a message.
+    static std::string ReportOf(const Sample& sample, UINT message) {
+        return TextOf(reinterpret_cast<HWND>(Ask(sample.window, message)));
+    }
 
     // A folder of this test's own, with a backslash behind.
     std::string ScratchFolder();
