@@ -121,6 +121,7 @@ LRESULT OnDestroy() noexcept {
 LRESULT OnTray(HWND window, LPARAM event) noexcept {
     const TrayRequest request = trayIcon.OnCallback(event);
     if (request == TrayRequest::RestoreAll) RestoreAll();
+    if (request == TrayRequest::ShowTaskbars) RestartSettings();
     if (request == TrayRequest::Quit) PostMessageA(window, WM_CLOSE, 0, 0);
     return 0;
 }

@@ -3,6 +3,7 @@
 #include "common/entry.h"
 #include "common/wide_text_buffer.h"
 #include "loader/desktops.h"
+#include "loader/taskbars.h"
 #include "loader/tray_menu.h"
 #include "settings/registry_key.h"
 #include "settings/store.h"
@@ -31,10 +32,9 @@ unsigned PlaceOfCurrent(const Library& library, std::string& name) {
 }
 
 // The library of the notification area has no wide form on the oldest systems.
-BOOL NotifyWide(DWORD action, NOTIFYICONDATAW& data, const char* tip) noexcept {
+BOOL NotifyWide(DWORD action, NOTIFYICONDATAW& data, DWORD size) noexcept {
     const auto notify = EntryOf<decltype(&Shell_NotifyIconW)>(GetModuleHandleA("shell32.dll"), "Shell_NotifyIconW");
-    data.cbSize = NOTIFYICONDATAW_V1_SIZE;
-    lstrcpynW(data.szTip, WideTextBuffer(tip).Text(), TipRoom);
+    data.cbSize = size;
     return notify && notify(action, &data);
 }
 
@@ -102,7 +102,23 @@ std::string TrayIcon::StateText() const {
     return "Halyard: " + name + " (desktop " + std::to_string(place) + ")";
 }
 
+void TrayIcon::TellIfBarsWereClosed() noexcept {
+    const Taskbars bars = StateOfTaskbars(*library);
+    const bool closed = hadBars && bars == Taskbars::Closed;
+    hadBars = bars == Taskbars::Shown;
+    if (!closed || !isUp || !TakesWideText() || !TakeTaskbarsHint()) return;
+    NOTIFYICONDATAW data = {};
+    data.hWnd = owner;
+    data.uID = IconId;
+    data.uFlags = NIF_INFO;
+    data.dwInfoFlags = NIIF_INFO;
+    lstrcpynW(data.szInfoTitle, L"The taskbars are closed", 64);
+    lstrcpynW(data.szInfo, L"\"Show taskbars\" in the menu of this icon brings them back.", 256);
+    NotifyWide(NIM_MODIFY, data, NOTIFYICONDATAW_V2_SIZE);
+}
+
 void TrayIcon::Update() noexcept {
+    TellIfBarsWereClosed();
     std::string now = StateText();
     if (isUp && now == tip) return;
     tip = std::move(now);
@@ -118,7 +134,8 @@ bool TrayIcon::Notify(DWORD action) noexcept {
     data.uFlags = NIF_ICON | NIF_MESSAGE | NIF_TIP;
     data.uCallbackMessage = CallbackMessage;
     data.hIcon = icon.get();
-    if (TakesWideText()) return NotifyWide(action, data, tip.c_str()) != FALSE;
+    lstrcpynW(data.szTip, WideTextBuffer(tip.c_str()).Text(), TipRoom);
+    if (TakesWideText()) return NotifyWide(action, data, NOTIFYICONDATAW_V1_SIZE) != FALSE;
     NOTIFYICONDATAA narrow = {};
     narrow.cbSize = NOTIFYICONDATAA_V1_SIZE;
     narrow.hWnd = data.hWnd;

@@ -26,6 +26,7 @@ public:
 
 private:
     bool Notify(DWORD action) noexcept;
+    void TellIfBarsWereClosed() noexcept;
     std::string StateText() const;
 
     HWND owner = nullptr;
@@ -34,6 +35,7 @@ private:
     std::string tip;
     bool wanted = false;
     bool isUp = false;
+    bool hadBars = false;  // at the last update
 };
 
 }  // namespace halyard::loader

@@ -6,6 +6,7 @@
 #include "common/window_text.h"
 #include "loader/desktops.h"
 #include "loader/start_self.h"
+#include "loader/taskbars.h"
 #include "process/profile.h"
 #include "process/protocol.h"
 
@@ -21,6 +22,7 @@ namespace {
 enum Item : UINT {
     EnabledItem = 1,
     PropertiesItem,
+    TaskbarsItem,
     RestoreItem,
     ProgramsItem,
     HelpItem,
@@ -119,6 +121,7 @@ TrayRequest Run(HWND owner, const Library& library, UINT chosen, const std::vect
     case HelpItem: ShowHelp(owner); break;
     case AboutItem: MessageBoxA(owner, "Halyard " HALYARD_VERSION, "Halyard", MB_ICONINFORMATION); break;
     case RestoreItem: return TrayRequest::RestoreAll;
+    case TaskbarsItem: return TrayRequest::ShowTaskbars;
     case ExitItem: return TrayRequest::Quit;
     default:
         if (chosen >= FirstDesktopItem && chosen - FirstDesktopItem < desktops.size())
@@ -156,6 +159,9 @@ TrayRequest ShowMainMenu(HWND owner, const Library& library) noexcept {
     AppendMenuA(menu.get(), MF_SEPARATOR, 0, nullptr);
     AppendMenuA(menu.get(), MF_STRING | (library.isEnabled() ? MF_CHECKED : 0), EnabledItem, "&Enabled");
     AppendMenuA(menu.get(), MF_STRING, PropertiesItem, "&Properties...");
+    if (const Taskbars bars = StateOfTaskbars(library); bars != Taskbars::None)
+        AppendMenuA(menu.get(), MF_STRING | (bars == Taskbars::Shown ? MF_CHECKED | MF_GRAYED : 0), TaskbarsItem,
+                    "Show &taskbars");
     AppendMenuA(menu.get(), MF_STRING, ProgramsItem, "Pro&grams...");
     AppendMenuA(menu.get(), MF_STRING, RestoreItem, "&Restore all windows");
     AppendMenuA(menu.get(), MF_SEPARATOR, 0, nullptr);

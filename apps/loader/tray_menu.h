@@ -6,7 +6,7 @@
 namespace halyard::loader {
 
 // What a menu asked for that is the resident's to do.
-enum class TrayRequest { Nothing, RestoreAll, Quit };
+enum class TrayRequest { Nothing, RestoreAll, ShowTaskbars, Quit };
 
 // The desktops with their windows. A desktop becomes current; to a window the user goes, or with Shift brings it here.
 void ShowWindowsMenu(HWND owner, const Library& library) noexcept;

@@ -7,6 +7,7 @@
 namespace halyard {
 
 inline constexpr char ServerWindowClass[] = "TevralHalyardServerWndClass";
+inline constexpr char TaskbarWindowClass[] = "TevralHalyardTaskbar";
 
 // Property of a window that a switch has hidden: its desktop id, plus 1.
 inline constexpr char HiddenMark[] = "TevralHalyardHidden";

@@ -5,6 +5,7 @@
 #include "mirror/task_switch_mirror.h"
 #include "process/failures.h"
 #include "process/profile.h"
+#include "process/protocol.h"
 #include "resources/resource_ids.h"
 #include "settings/store.h"
 #include "taskbars/app_bar.h"
