@@ -62,10 +62,9 @@ TEST_F(DockingTest, TheMenuDoesAndStoresWhatItSays) {
     EXPECT_EQ(HitAt(1500, 741), HTTOP);
 
     Choose(2, PropertiesItem);
-    const auto sheet = [&] { return WindowOf(loader->Id(), "Tevral Ombrel Windows Manager"); };
-    ASSERT_TRUE(Eventually([&] { return sheet() != nullptr; }));
-    PostMessageA(sheet(), WM_CLOSE, 0, 0);
-    ASSERT_TRUE(Eventually([&] { return sheet() == nullptr; }));
+    ASSERT_TRUE(Eventually([] { return SheetWindow() != nullptr; }));
+    PostMessageA(SheetWindow(), WM_CLOSE, 0, 0);
+    ASSERT_TRUE(Eventually([] { return SheetWindow() == nullptr; }));
     ASSERT_TRUE(BringToFront(BarOn(2)));
     Choose(2, CloseItem);
     EXPECT_TRUE(LosesBar(2));
