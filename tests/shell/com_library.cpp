@@ -1,15 +1,9 @@
-// The stand-in shell as an in-process COM library: one table of classes, one kind of factory for all of them.
-#include "shell/active_desktop.h"
-#include "shell/com_object.h"
-#include "shell/task_list.h"
-
-#include <new>
+// The stand-in shell as an in-process COM library, which stays mapped once it is.
+#include "shell/com_classes.h"
 
 namespace standin {
 
 namespace {
-
-LONG objects = 0;
 
 using Maker = IUnknown* (*)();
 
@@ -18,25 +12,21 @@ struct ServedClass {
     Maker make;
 };
 
-constexpr ServedClass Classes[] = {{ActiveDesktopClass, MakeActiveDesktop}, {TaskListClass, MakeTaskList}};
+constexpr ServedClass Classes[] = {
+    {{0x75048700, 0xEF1F, 0x11D0, {0x98, 0x88, 0x00, 0x60, 0x97, 0xDE, 0xAC, 0xF9}}, MakeActiveDesktop},
+    {{0x56FDF344, 0xFD6D, 0x11D0, {0x95, 0x8A, 0x00, 0x60, 0x97, 0xC9, 0xA0, 0x90}}, MakeTaskList}};
 
 class Factory final : public ComObject<IClassFactory, IID_IClassFactory> {
 public:
     explicit Factory(Maker maker) : make(maker) {}
 
-    STDMETHODIMP CreateInstance(IUnknown* outer, REFIID wanted, void** object) override {
-        *object = nullptr;
-        if (outer) return CLASS_E_NOAGGREGATION;
+    STDMETHODIMP CreateInstance(IUnknown*, REFIID wanted, void** object) override {
         IUnknown* made = make();
-        if (!made) return E_OUTOFMEMORY;
         const HRESULT result = made->QueryInterface(wanted, object);
         made->Release();
         return result;
     }
-    STDMETHODIMP LockServer(BOOL lock) override {
-        lock ? AddObject() : DropObject();
-        return S_OK;
-    }
+    STDMETHODIMP LockServer(BOOL) override { return S_OK; }
 
 private:
     Maker make;
@@ -44,29 +34,16 @@ private:
 
 }  // namespace
 
-void AddObject() {
-    InterlockedIncrement(&objects);
-}
-
-void DropObject() {
-    InterlockedDecrement(&objects);
-}
-
 }  // namespace standin
 
 STDAPI DllGetClassObject(REFCLSID id, REFIID wanted, void** object) {
     *object = nullptr;
     for (const standin::ServedClass& served : standin::Classes) {
         if (id != served.id) continue;
-        auto* factory = new (std::nothrow) standin::Factory(served.make);
-        if (!factory) return E_OUTOFMEMORY;
+        auto* factory = new standin::Factory(served.make);
         const HRESULT result = factory->QueryInterface(wanted, object);
         factory->Release();
         return result;
     }
     return CLASS_E_CLASSNOTAVAILABLE;
-}
-
-STDAPI DllCanUnloadNow() {
-    return standin::objects == 0 ? S_OK : S_FALSE;
 }

@@ -1,5 +1,7 @@
 #include "shell/primary_bar.h"
 
+#include "shell/app_bars.h"
+#include "shell/switcher.h"
 #include "shell/task_windows.h"
 #include "shell/tray_protocol.h"
 
@@ -11,76 +13,49 @@ namespace standin {
 
 namespace {
 
-constexpr char RebarClass[] = "ReBarWindow32";
-constexpr char TasksClass[] = "MSTaskSwWClass";
-constexpr char ListenerClass[] = "TevralHalyardTaskbar";  // its registration with the runtime's shell is a stub
-constexpr UINT LookPeriod = 50;                           // ms
+constexpr UINT LookPeriod = 50;  // ms
 constexpr UINT_PTR LookTimer = 1;
+constexpr int Thickness = 30, Border = 3;
 
-constexpr int Thickness = 30;
-constexpr int VerticalThickness = 120;
-constexpr int Border = 3;
-constexpr int ButtonHeight = 22;
-constexpr int MaxButtonWidth = 160;
-constexpr WPARAM EventFlags = 0x8000;
-
-void RegisterOne(const char* name, WNDPROC procedure) {
+HWND MakeWindow(const char* name, WNDPROC procedure, HWND parent) {
     WNDCLASSA windowClass = {};
     windowClass.lpfnWndProc = procedure;
-    windowClass.hInstance = GetModuleHandleA(nullptr);
-    windowClass.hCursor = LoadCursorA(nullptr, reinterpret_cast<LPCSTR>(IDC_ARROW));
     windowClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_3DFACE + 1);
     windowClass.lpszClassName = name;
     RegisterClassA(&windowClass);
+    // Topmost, it is found before Wine's own window of its class.
+    return CreateWindowExA(parent ? 0 : WS_EX_TOPMOST | WS_EX_TOOLWINDOW, name, "",
+                           (parent ? WS_CHILD | WS_VISIBLE : WS_POPUP) | WS_CLIPCHILDREN, 0, 0, 0, 0, parent, nullptr,
+                           nullptr, nullptr);
 }
 
-HWND MakeInner(const char* name, HWND parent) {
-    RegisterOne(name, DefWindowProcA);
-    return CreateWindowA(name, "", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, 0, 0, 0, 0, parent, nullptr,
-                         GetModuleHandleA(nullptr), nullptr);
+BOOL CALLBACK CollectDisplay(HMONITOR, HDC, RECT* place, LPARAM places) {
+    reinterpret_cast<std::vector<RECT>*>(places)->push_back(*place);
+    return TRUE;
 }
 
-HWND MakeOuter(WNDPROC procedure) {
-    RegisterOne(TrayClass, procedure);
-    // In front of the runtime's own window of that class, so that it is found first.
-    return CreateWindowExA(WS_EX_TOPMOST | WS_EX_TOOLWINDOW, TrayClass, "", WS_POPUP | WS_CLIPCHILDREN, 0, 0, 0, 0,
-                           nullptr, nullptr, GetModuleHandleA(nullptr), nullptr);
-}
-
-struct Search {
-    int left;
-    RECT found;
+struct Event {
+    UINT message;
+    WPARAM wParam;
+    LPARAM lParam;
+    HWND shell;
 };
 
-BOOL CALLBACK CountDown(HMONITOR, HDC, RECT* place, LPARAM search) {
-    auto& sought = *reinterpret_cast<Search*>(search);
-    sought.found = *place;
-    return --sought.left > 0;
-}
-
-// Of the last display where there are fewer.
-RECT DisplayPlace(int display) {
-    Search search = {display, {}};
-    EnumDisplayMonitors(nullptr, nullptr, CountDown, reinterpret_cast<LPARAM>(&search));
-    return search.found;
-}
-
-HWND AsWindow(WPARAM wParam) {
-    return reinterpret_cast<HWND>(wParam);
-}
-
-LRESULT AsAnswer(HWND window) {
-    return reinterpret_cast<LRESULT>(window);
+BOOL CALLBACK TellListener(HWND window, LPARAM lParam) {
+    const auto& event = *reinterpret_cast<const Event*>(lParam);
+    if (GetPropA(window, ListenerProperty) == event.shell)
+        PostMessageA(window, event.message, event.wParam, event.lParam);
+    return TRUE;
 }
 
 }  // namespace
 
-PrimaryBar::PrimaryBar(int display, UINT edge, bool tabs)
-    : shellHook(RegisterWindowMessageA("SHELLHOOK")), window(MakeOuter(Procedure)),
-      rebar(MakeInner(RebarClass, window)), tasks(MakeInner(TasksClass, rebar)),
-      control(tabs ? MakeTabs(tasks) : MakeToolbar(tasks)), bars(window) {
+PrimaryBar::PrimaryBar(bool older)
+    : shellHook(RegisterWindowMessageA("SHELLHOOK")), window(MakeWindow(TrayClass, Procedure, nullptr)),
+      rebar(MakeWindow("ReBarWindow32", DefWindowProcA, window)),
+      tasks(MakeWindow("MSTaskSwWClass", DefWindowProcA, rebar)), control(tasks, older) {
     SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-    Place(display, edge);
+    Place(1, ABE_BOTTOM);
     ShowWindow(window, SW_SHOWNA);
     SetTimer(window, LookTimer, LookPeriod, nullptr);
     SendNotifyMessageA(HWND_BROADCAST, RegisterWindowMessageA("TaskbarCreated"), 0, 0);
@@ -94,101 +69,103 @@ LRESULT CALLBACK PrimaryBar::Procedure(HWND window, UINT message, WPARAM wParam,
 LRESULT PrimaryBar::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == shellHook) OnShellEvent(wParam, reinterpret_cast<HWND>(lParam));
     switch (message) {
-    case CountTabs: return control->Count();
-    case TabAt: return AsAnswer(control->At(static_cast<int>(wParam)));
-    case MarkedTab: return AsAnswer(control->Marked());
-    case AddTab: Add(AsWindow(wParam)); break;
-    case DeleteTab: Remove(AsWindow(wParam)); break;
-    case MarkTab: Mark(AsWindow(wParam)); break;
+    case CountTabs: return static_cast<LRESULT>(tabs.size());
+    case TabAt: return wParam < tabs.size() ? static_cast<LRESULT>(tabs[wParam].handle) : 0;
+    case MarkedTab: return reinterpret_cast<LRESULT>(marked);
+    case AddTab: Add(reinterpret_cast<HWND>(wParam)); break;
+    case DeleteTab: Remove(reinterpret_cast<HWND>(wParam)); break;
     case MoveTray:
         Place(static_cast<int>(wParam), static_cast<UINT>(lParam));
-        bars.Notify(ABN_POSCHANGED, 0);
+        NotifyAppBars(ABN_POSCHANGED, 0);
         break;
-    case SayEvent: Say({wParam, reinterpret_cast<HWND>(lParam)}); break;
-    case SayFullScreen: bars.Notify(ABN_FULLSCREENAPP, wParam != 0); break;
+    case SayFullScreen: NotifyAppBars(ABN_FULLSCREENAPP, wParam != 0); break;
     case HangTray: Sleep(static_cast<DWORD>(wParam)); break;
-    case WM_TIMER: OnTimer(); break;
-    case WM_PAINT: OnPaint(); break;
-    case WM_MOUSEACTIVATE: return MA_NOACTIVATE;
+    case WM_TIMER: LookAtWindows(); break;
     case WM_DESTROY: PostQuitMessage(0); break;
     }
     return DefWindowProcA(window, message, wParam, lParam);
 }
 
-void PrimaryBar::Place(int display, UINT edge) {
-    RECT place = DisplayPlace(display);
-    vertical = edge == ABE_LEFT || edge == ABE_RIGHT;
-    if (edge == ABE_LEFT) place.right = place.left + VerticalThickness;
-    if (edge == ABE_RIGHT) place.left = place.right - VerticalThickness;
-    if (edge == ABE_TOP) place.bottom = place.top + Thickness;
-    if (edge == ABE_BOTTOM) place.top = place.bottom - Thickness;
-    const int width = place.right - place.left;
-    const int height = place.bottom - place.top;
-    SetWindowPos(window, HWND_TOPMOST, place.left, place.top, width, height, SWP_NOACTIVATE);
-    MoveWindow(rebar, Border, Border, width - 2 * Border, height - 2 * Border, TRUE);
-    MoveWindow(tasks, 0, 0, width - 2 * Border, height - 2 * Border, TRUE);
-    MoveWindow(control->Window(), 0, 0, width - 2 * Border, height - 2 * Border, TRUE);
-    InvalidateRect(window, nullptr, TRUE);
-    bars.SetEdge(edge);
-    SizeButtons();
+void PrimaryBar::Place(int display, UINT edge) const {
+    std::vector<RECT> displays;
+    EnumDisplayMonitors(nullptr, nullptr, CollectDisplay, reinterpret_cast<LPARAM>(&displays));
+    const RECT& area = displays[display - 1];
+    const int width = area.right - area.left;
+    SetWindowPos(window, HWND_TOPMOST, area.left, edge == ABE_TOP ? area.top : area.bottom - Thickness, width,
+                 Thickness, SWP_NOACTIVATE);
+    MoveWindow(rebar, Border, Border, width - 2 * Border, Thickness - 2 * Border, TRUE);
+    for (const HWND inner : {tasks, control.Window()})
+        MoveWindow(inner, 0, 0, width - 2 * Border, Thickness - 2 * Border, TRUE);
 }
 
-void PrimaryBar::SizeButtons() {
-    RECT area;
-    GetClientRect(control->Window(), &area);
-    const int share = static_cast<int>(area.right) / (vertical ? 1 : std::max(control->Count(), 1));
-    control->SetButtonSize(std::min(share - 4, MaxButtonWidth), ButtonHeight);
+// The runtime tells nobody what becomes of windows. At the first look every one is new.
+void PrimaryBar::LookAtWindows() {
+    std::vector<HWND> present = TaskWindows();
+    std::reverse(present.begin(), present.end());  // a later window starts in front of an earlier one
+    std::erase_if(known, [&](const auto& seen) {
+        const bool gone = std::find(present.begin(), present.end(), seen.first) == present.end();
+        if (gone) Say(HSHELL_WINDOWDESTROYED, seen.first);
+        return gone;
+    });
+    for (const HWND task : present) {
+        const std::string title = TitleOf(task);
+        const auto [seen, isNew] = known.try_emplace(task, title);
+        if (isNew) Say(HSHELL_WINDOWCREATED, task);
+        if (seen->second != title) Say(HSHELL_REDRAW, task);
+        seen->second = title;
+    }
+    // With the flag that a shell may add to any event.
+    const HWND front = TaskOf(GetForegroundWindow());
+    if (front != active) Say(HSHELL_RUDEAPPACTIVATED, front);
+    active = front;
+    // Of a window that was added though it is none of these.
+    for (std::size_t index = tabs.size(); index > 0; --index)
+        if (const HWND task = tabs[index - 1].Window(); !IsWindow(task)) Remove(task);
 }
 
-void PrimaryBar::OnPaint() {
-    PAINTSTRUCT paint;
-    const HDC dc = BeginPaint(window, &paint);
-    RECT area;
-    GetClientRect(window, &area);
-    DrawEdge(dc, &area, EDGE_RAISED, BF_RECT);
-    EndPaint(window, &paint);
+void PrimaryBar::Say(WPARAM event, HWND task) const {
+    const Event told = {shellHook, event, reinterpret_cast<LPARAM>(task), window};
+    PostMessageA(window, told.message, told.wParam, told.lParam);
+    EnumWindows(TellListener, reinterpret_cast<LPARAM>(&told));
 }
 
-void PrimaryBar::OnTimer() {
-    // A tab that was added for a window of another kind goes with its window.
-    for (int index = control->Count() - 1; index >= 0; --index)
-        if (const HWND task = control->At(index); !IsWindow(task) && !watch.Knows(task))
-            Say({HSHELL_WINDOWDESTROYED, task});
-    for (const ShellEvent& event : watch.Look())
-        Say(event);
-}
-
-void PrimaryBar::Say(const ShellEvent& event) const {
-    const auto lParam = reinterpret_cast<LPARAM>(event.window);
-    PostMessageA(window, shellHook, event.code, lParam);
-    HWND listener = nullptr;
-    while ((listener = FindWindowExA(nullptr, listener, ListenerClass, nullptr)) != nullptr)
-        PostMessageA(listener, shellHook, event.code, lParam);
-}
-
-void PrimaryBar::OnShellEvent(WPARAM code, HWND task) {
-    switch (code & ~EventFlags) {
+void PrimaryBar::OnShellEvent(WPARAM event, HWND task) {
+    switch (event) {
     case HSHELL_WINDOWCREATED: Add(task); break;
     case HSHELL_WINDOWDESTROYED: Remove(task); break;
-    case HSHELL_WINDOWACTIVATED:
+    case HSHELL_RUDEAPPACTIVATED:
         Add(task);
-        Mark(task);
+        marked = task;
         break;
-    case HSHELL_REDRAW:
-        if (const int index = control->Find(task); index >= 0) control->ReadTitle(index);
-        break;
+    case HSHELL_REDRAW: control.Show(tabs); break;
     }
 }
 
 void PrimaryBar::Add(HWND task) {
-    if (!IsWindow(task) || control->Find(task) >= 0) return;
-    control->Insert(task);
-    SizeButtons();
+    const HICON icon = IsWindow(task) ? IconOf(task) : nullptr;
+    const auto isTask = [=](const Tab& tab) { return tab.Window() == task; };
+    if (!icon || std::any_of(tabs.begin(), tabs.end(), isTask)) return;
+    tabs.push_back({static_cast<DWORD>(HandleToULong(task)), icon});
+    control.Show(tabs);
 }
 
 void PrimaryBar::Remove(HWND task) {
-    if (const int index = control->Find(task); index >= 0) control->Remove(index);
-    SizeButtons();
+    std::erase_if(tabs, [=](const Tab& tab) { return tab.Window() == task; });
+    control.Show(tabs);
 }
 
 }  // namespace standin
+
+// standin_tray [--tabs]: the shell as a program, with its task bar and the task switch.
+int main(int count, char**) {
+    // Wine's shell, whose part is taken over, starts with its desktop.
+    GetDesktopWindow();
+    InitCommonControls();
+    standin::StartSwitcher();
+    standin::StartAppBars();
+    const standin::PrimaryBar bar(count > 1);
+    MSG message;
+    while (GetMessageA(&message, nullptr, 0, 0) > 0)
+        DispatchMessageA(&message);
+    return 0;
+}

@@ -1,43 +1,41 @@
-// The shell's own task bar: the windows by which other programs find its control with the tabs, and what it does with
-// shell events.
+// The shell's own task bar: the windows by which other programs find its control with the tabs, what it does with shell
+// events, and whom it tells of them.
 #pragma once
 
-#include "shell/app_bars.h"
 #include "shell/task_control.h"
-#include "shell/window_watch.h"
+
+#include <map>
+#include <string>
 
 namespace standin {
 
 class PrimaryBar {
 public:
-    // `display` is counted from 1, `edge` an ABE_ value.
-    PrimaryBar(int display, UINT edge, bool tabs);
+    // At the bottom of the first display. `older` chooses the kind of the control.
+    explicit PrimaryBar(bool older);
     PrimaryBar(const PrimaryBar&) = delete;
     PrimaryBar& operator=(const PrimaryBar&) = delete;
 
 private:
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
-    void Place(int display, UINT edge);
-    void SizeButtons();
-    void OnPaint();
-    void OnTimer();
-    // To everyone that listens, the bar itself included: its own list changes when its copy comes out of the queue,
-    // unless somebody has taken it out before.
-    void Say(const ShellEvent& event) const;
-    void OnShellEvent(WPARAM code, HWND task);
+    void Place(int display, UINT edge) const;
+    void LookAtWindows();
+    // To every window that has registered with this shell, and to the bar itself: its own list changes when its copy
+    // comes out of the queue, unless somebody has taken it out before.
+    void Say(WPARAM event, HWND task) const;
+    void OnShellEvent(WPARAM event, HWND task);
     void Add(HWND task);
     void Remove(HWND task);
-    void Mark(HWND task) { control->Mark(control->Find(task)); }
 
-    UINT shellHook;
-    HWND window;
-    HWND rebar;
-    HWND tasks;
-    std::unique_ptr<TaskControl> control;
-    AppBars bars;
-    WindowWatch watch;
-    bool vertical = false;
+    const UINT shellHook;
+    const HWND window, rebar, tasks;
+    const TaskControl control;
+    std::vector<Tab> tabs;
+    HWND marked = nullptr;
+    // As the last look found it: the windows with their titles, and the one in front.
+    std::map<HWND, std::string> known;
+    HWND active = nullptr;
 };
 
 }  // namespace standin

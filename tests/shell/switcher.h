@@ -3,8 +3,7 @@
 
 namespace standin {
 
-// Runs on a thread of its own until the program ends, as the platform's doesn't depend on the shell. Returns when it
-// hears keys.
+// On the calling thread, until the program ends.
 void StartSwitcher();
 
 }  // namespace standin

@@ -1,40 +1,35 @@
-// The control with the tabs, of the kind that the platform's shell has on newer systems or on older ones. Other
-// programs read it in place, so that it holds the only list of tabs there is.
+// The control with the tabs, of the kind that the platform's shell has on newer systems or on older ones, as other
+// programs read it in place.
 #pragma once
 
-#include <memory>
+#include <vector>
 #include <windows.h>
 
 #include <commctrl.h>
 
 namespace standin {
 
+// Whoever reads the newer kind from outside finds this by the number of a button, and relies on the first word alone.
+struct Tab {
+    DWORD handle;
+    HICON icon;
+    HWND Window() const { return static_cast<HWND>(ULongToHandle(handle)); }
+};
+
 class TaskControl {
 public:
-    virtual ~TaskControl();
+    TaskControl(HWND parent, bool isOlder);
     TaskControl(const TaskControl&) = delete;
     TaskControl& operator=(const TaskControl&) = delete;
 
     HWND Window() const { return window; }
-    virtual int Count() const = 0;
-    virtual HWND At(int index) const = 0;  // null beyond the end
-    virtual HWND Marked() const = 0;
-    virtual void Insert(HWND task) = 0;  // at the end
-    virtual void Remove(int index) = 0;
-    virtual void ReadTitle(int index) = 0;
-    virtual void Mark(int index) = 0;  // that one only; none for -1
-    virtual void SetButtonSize(int width, int height) = 0;
-    int Find(HWND task) const;  // -1 where it isn't
+    // The tabs must lie where they are until the next call.
+    void Show(const std::vector<Tab>& tabs) const;
 
-protected:
-    explicit TaskControl(HWND control);
-    int AddIcon(HWND task);
-
-    HWND window;
-    HIMAGELIST images;
+private:
+    const bool older;
+    const HWND window;
+    const HIMAGELIST images;
 };
-
-std::unique_ptr<TaskControl> MakeToolbar(HWND parent);
-std::unique_ptr<TaskControl> MakeTabs(HWND parent);
 
 }  // namespace standin

@@ -1,11 +1,7 @@
-#include "shell/task_list.h"
-
-#include "shell/com_object.h"
-#include "shell/record.h"
-#include "shell/task_windows.h"
+// The shell's object by which programs take windows off its task bar.
+#include "shell/com_classes.h"
+#include "shell/registrations.h"
 #include "shell/tray_protocol.h"
-
-#include <new>
 
 #include <shobjidl.h>
 
@@ -19,17 +15,16 @@ constexpr UINT TrayPatience = 2000;  // ms
 class TaskList final : public ComObject<ITaskbarList, TaskListInterface> {
 public:
     STDMETHODIMP HrInit() override {
-        Log("HrInit");
+        KeepRegistrations();
         return S_OK;
     }
-    STDMETHODIMP AddTab(HWND window) override { return Tell("AddTab", standin::AddTab, window); }
-    STDMETHODIMP DeleteTab(HWND window) override { return Tell("DeleteTab", standin::DeleteTab, window); }
-    STDMETHODIMP ActivateTab(HWND window) override { return Tell("ActivateTab", MarkTab, window); }
-    STDMETHODIMP SetActiveAlt(HWND window) override { return Tell("SetActiveAlt", MarkTab, window); }
+    STDMETHODIMP AddTab(HWND window) override { return Tell(standin::AddTab, window); }
+    STDMETHODIMP DeleteTab(HWND window) override { return Tell(standin::DeleteTab, window); }
+    STDMETHODIMP ActivateTab(HWND) override { return E_NOTIMPL; }
+    STDMETHODIMP SetActiveAlt(HWND) override { return E_NOTIMPL; }
 
 private:
-    static HRESULT Tell(const char* call, UINT message, HWND window) {
-        Log(std::string(call) + " " + TitleOf(window));
+    static HRESULT Tell(UINT message, HWND window) {
         DWORD_PTR answer = 0;
         SendMessageTimeoutA(FindWindowA(TrayClass, nullptr), message, reinterpret_cast<WPARAM>(window), 0, SMTO_NORMAL,
                             TrayPatience, &answer);
@@ -40,7 +35,7 @@ private:
 }  // namespace
 
 IUnknown* MakeTaskList() {
-    return new (std::nothrow) TaskList;
+    return new TaskList;
 }
 
 }  // namespace standin

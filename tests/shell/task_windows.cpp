@@ -13,19 +13,19 @@ bool IsHiddenMain(HWND owner) {
            (GetWindowLongA(owner, GWL_EXSTYLE) & WS_EX_TOOLWINDOW);
 }
 
+bool IsTaskWindow(HWND window) {
+    if (GetAncestor(window, GA_PARENT) != GetDesktopWindow() || !IsWindowVisible(window)) return false;
+    if (GetWindowLongA(window, GWL_EXSTYLE) & WS_EX_TOOLWINDOW) return false;
+    const HWND owner = GetWindow(window, GW_OWNER);
+    return !owner || IsHiddenMain(owner);
+}
+
 BOOL CALLBACK Collect(HWND window, LPARAM windows) {
     if (IsTaskWindow(window)) reinterpret_cast<std::vector<HWND>*>(windows)->push_back(window);
     return TRUE;
 }
 
 }  // namespace
-
-bool IsTaskWindow(HWND window) {
-    if (!window || GetAncestor(window, GA_PARENT) != GetDesktopWindow() || !IsWindowVisible(window)) return false;
-    if (GetWindowLongA(window, GWL_EXSTYLE) & WS_EX_TOOLWINDOW) return false;
-    const HWND owner = GetWindow(window, GW_OWNER);
-    return !owner || IsHiddenMain(owner);
-}
 
 std::vector<HWND> TaskWindows() {
     std::vector<HWND> windows;
@@ -45,11 +45,10 @@ std::string TitleOf(HWND window) {
     return title;
 }
 
-HICON IconOf(HWND window, WPARAM kind) {
+HICON IconOf(HWND window) {
     DWORD_PTR icon = 0;
-    SendMessageTimeoutA(window, WM_GETICON, kind, 0, SMTO_ABORTIFHUNG, IconPatience, &icon);
-    if (!icon && kind == ICON_SMALL) icon = GetClassLongPtrA(window, GCLP_HICONSM);
-    if (!icon) icon = GetClassLongPtrA(window, GCLP_HICON);
+    SendMessageTimeoutA(window, WM_GETICON, ICON_SMALL, 0, SMTO_ABORTIFHUNG, IconPatience, &icon);
+    if (!icon) icon = GetClassLongPtrA(window, GCLP_HICONSM);
     return icon ? reinterpret_cast<HICON>(icon) : LoadIconA(nullptr, reinterpret_cast<LPCSTR>(IDI_WINLOGO));
 }
 

@@ -7,10 +7,8 @@
 
 namespace standin {
 
-// Visible, on no other window, no tool window, and owned by none but a program's hidden main window.
-bool IsTaskWindow(HWND window);
-
-// From the front to the back.
+// From the front to the back: visible, on no other window, no tool window, and owned by none but a program's hidden
+// main window.
 std::vector<HWND> TaskWindows();
 
 // The task window that `window` is or belongs to; null where there is none.
@@ -18,7 +16,7 @@ HWND TaskOf(HWND window);
 
 std::string TitleOf(HWND window);
 
-// Never null; not the caller's to destroy. `kind` is ICON_SMALL or ICON_BIG.
-HICON IconOf(HWND window, WPARAM kind);
+// The small one. Never null; not the caller's to destroy.
+HICON IconOf(HWND window);
 
 }  // namespace standin

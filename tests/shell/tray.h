@@ -5,7 +5,6 @@
 #include "support/children.h"
 #include "support/registry.h"
 
-#include <gtest/gtest.h>
 #include <string>
 #include <vector>
 
@@ -16,22 +15,17 @@ class Tray {
 public:
     Tray();
 
-    // Starts the program and waits until its bar is there: "--display N", "--edge left|top|right|bottom", "--tabs".
+    // Starts the program and waits until its bar is there. With "--tabs" its list is of the older kind.
     void Start(Children& children, const std::string& switches = {});
-    // Ends it as its user would, or at once; waits until it has ended.
-    void Quit();
+    // Waits until it has ended.
     void Kill();
 
     HWND Window() const { return window; }
     // The windows that have tabs, in their order.
     std::vector<HWND> TabWindows() const;
     HWND Marked() const;
-    // Waits for exactly these tabs.
-    testing::AssertionResult TabsBecome(const std::vector<HWND>& wanted) const;
     // Edges by their ABE_ values.
     void Move(int display, UINT edge) const;
-    // To all that listen to the shell, the tray itself included.
-    void SayShellEvent(WPARAM code, HWND subject) const;
     // To the docked bars of other programs.
     void SayThatScreenIsFull(bool full) const;
     void Hang(DWORD period) const;  // in ms; doesn't wait

@@ -62,10 +62,9 @@ TEST_F(DockingTest, TheMenuDoesAndStoresWhatItSays) {
     EXPECT_EQ(HitAt(1500, 741), HTTOP);
 
     Choose(2, PropertiesItem);
-    const auto sheet = [&] { return WindowOf(loader->Id(), "Tevral Ombrel Windows Manager"); };
-    ASSERT_TRUE(Eventually([&] { return sheet() != nullptr; }));
-    PostMessageA(sheet(), WM_CLOSE, 0, 0);
-    ASSERT_TRUE(Eventually([&] { return sheet() == nullptr; }));
+    ASSERT_TRUE(Eventually([] { return SheetWindow() != nullptr; }));
+    PostMessageA(SheetWindow(), WM_CLOSE, 0, 0);
+    ASSERT_TRUE(Eventually([] { return SheetWindow() == nullptr; }));
     ASSERT_TRUE(BringToFront(BarOn(2)));
     Choose(2, CloseItem);
     EXPECT_TRUE(LosesBar(2));
@@ -136,14 +135,8 @@ TEST_F(DockingTest, AnAutohideBarFollowsTheCursor) {
     EXPECT_TRUE(BarBecomes(2, AtBottom));
 }
 
-// What the shell was told last of any bar, but for questions.
 std::string LastTold() {
-    const std::string log = TextOf(standin::StandInKey, standin::LogValue);
-    std::string last;
-    for (std::size_t start = 0; start < log.size(); start = log.find('\n', start) + 1)
-        if (log.compare(start, 4, "bar ") == 0 && log.compare(start, 6, "bar 5 ") != 0)
-            last = log.substr(start, log.find('\n', start) - start);
-    return last;
+    return TextOf(standin::StandInKey, standin::BarValue);
 }
 
 TEST_F(DockingTest, AShellThatIsBusyOrStartsAnewLearnsOfABarInTheEnd) {
@@ -152,16 +145,16 @@ TEST_F(DockingTest, AShellThatIsBusyOrStartsAnewLearnsOfABarInTheEnd) {
         return testing::AssertionFailure() << "told last: " << LastTold() << ", wanted: " << wanted;
     };
     tray.Start(children);
-    WriteText(standin::StandInKey, standin::LogValue, "");
+    WriteText(standin::StandInKey, standin::BarValue, "");
     tray.Hang(8000);
     StartLoader();
     ASSERT_TRUE(BarBecomes(2, AtBottom));
     EXPECT_EQ(LastTold(), "") << "the bar is there before the shell knows";
-    EXPECT_TRUE(isTold("bar 3 edge 3 at 1024,740,2048,770"));
+    EXPECT_TRUE(isTold("3 edge 3 at 1024,740,2048,770"));
     tray.Kill();
-    WriteText(standin::StandInKey, standin::LogValue, "");
+    WriteText(standin::StandInKey, standin::BarValue, "");
     tray.Start(children);
-    EXPECT_TRUE(isTold("bar 3 edge 3 at 1024,740,2048,770"));
+    EXPECT_TRUE(isTold("3 edge 3 at 1024,740,2048,770"));
     // The new shell tells it of full-screen programs.
     const Sample sample = OpenAt("Screen", {1024, 0});
     SetWindowPos(sample.window, nullptr, 1024, 0, 1024, 768, SWP_NOZORDER);
@@ -174,9 +167,9 @@ TEST_F(DockingTest, AShellThatIsBusyOrStartsAnewLearnsOfABarInTheEnd) {
     tray.SayThatScreenIsFull(false);
     EXPECT_TRUE(inFront(BarOn(2))) << Describe(WindowFromPoint({1900, 755}));
     DragBar({1500, 60}, AtTop);
-    EXPECT_TRUE(isTold("bar 3 edge 1 at 1024,-2,2048,28"));
+    EXPECT_TRUE(isTold("3 edge 1 at 1024,-2,2048,28"));
     PostMessageA(BarOn(2), WM_COMMAND, 40002, 0);
-    EXPECT_TRUE(isTold("bar 1 edge 1 at 0,0,0,0"));
+    EXPECT_TRUE(isTold("1 edge 1 at 0,0,0,0"));
 }
 
 // A pixel of the screen.
@@ -266,7 +259,7 @@ TEST_F(DockingTest, BarsFollowTheDisplaysAndThePrimaryBar) {
     EXPECT_TRUE(haveBars({2}));
 
     // The shell tells the bars that it knows by now.
-    ASSERT_TRUE(Eventually([] { return LastTold().compare(0, 6, "bar 3 ") == 0; })) << LastTold();
+    ASSERT_TRUE(Eventually([] { return LastTold()[0] == '3'; })) << LastTold();
     tray.Move(2, 3);
     EXPECT_TRUE(haveBars({1}));
     EXPECT_TRUE(Shows(1, {"One"}));

@@ -1,4 +1,5 @@
 // Which windows are on which bar, and what their buttons do.
+#include "resources/resource_ids.h"
 #include "taskbars/taskbar_fixture.h"
 #include "taskbars/toolbar_reader.h"
 
@@ -109,12 +110,12 @@ TEST_F(TaskListTest, WindowsWithoutRoomAreInAMenu) {
     EXPECT_TRUE(Eventually([&] { return ButtonsOn(2).empty() && !more(); }));
 }
 
-TEST_F(TaskListTest, AllTasksAreOnAllBarsInTheOrderOfThePrimaryOne) {
+TEST_F(TaskListTest, AllTasksAreOnAllBarsInTheOrderOfThePrimaryOneUntilTheSheetSaysOtherwise) {
     Set("TaskbarsShowAllTasks", 1);
     ASSERT_TRUE(Arrange(ThreeInARow()));
     tray.Start(children);
     OpenAt("A", OnFirst);
-    OpenAt("B", {1100, 200});
+    const Sample second = OpenAt("B", {1100, 200});
     const Sample last = OpenAt("C", {200, 200});
     EXPECT_TRUE(PrimaryShows({"A", "B", "C"}));
     StartLoader();
@@ -124,19 +125,37 @@ TEST_F(TaskListTest, AllTasksAreOnAllBarsInTheOrderOfThePrimaryOne) {
     ASSERT_EQ(bars.size(), 2U);
     for (const unsigned display : bars)
         EXPECT_TRUE(Shows(display, {"A", "B", "C"})) << display;
-    EXPECT_TRUE(PrimaryShows({"A", "B", "C"}));
     OpenAt("D", OnFirst);
     for (const unsigned display : bars)
         EXPECT_TRUE(Shows(display, {"A", "B", "C", "*D"})) << display;
 
-    // To each its own, and back, with the places of the primary bar.
-    Apply("TaskbarsShowAllTasks", 0);
+    // To each its own, which the shell's hook must know as well: it keeps an active window from the primary bar.
+    const auto choose = [this](int radioButton) {
+        Loader("--config 1");
+        HWND page = nullptr;
+        const auto button = [&] { return GetDlgItem(page, radioButton); };
+        ASSERT_TRUE(Eventually([&] {
+            page = FindWindowExA(SheetWindow(), page, "#32770", nullptr);
+            return IsWindowVisible(button()) != FALSE;
+        }));
+        ASSERT_TRUE(BringToFront(SheetWindow()));
+        const RECT place = PlaceOf(button());
+        Click({place.left + 8, (place.top + place.bottom) / 2});
+        ASSERT_TRUE(Eventually([&] { return Ask(button(), BM_GETCHECK) == BST_CHECKED; }));
+        Click(MiddleOf(GetDlgItem(SheetWindow(), IDOK)));
+        ASSERT_TRUE(Eventually([] { return !SheetWindow(); }));
+    };
+    choose(IDC_OWN_TASKS);
     EXPECT_TRUE(PrimaryShows({"A", "C", "D"}));
-    Apply("TaskbarsShowAllTasks", 1);
-    EXPECT_TRUE(PrimaryShows({"A", "C", "D", "B"}));
-    EXPECT_TRUE(Eventually([&] { return ButtonsOn(bars[0]).size() == 4 && ButtonsOn(bars[1]).size() == 4; }));
+    EXPECT_TRUE(BringToFront(second.window));
+    EXPECT_TRUE(Eventually([&] { return ButtonsOn(bars[0]) == Titles{"*B"} || ButtonsOn(bars[1]) == Titles{"*B"}; }));
+    OpenAt("E", OnFirst);
+    EXPECT_TRUE(PrimaryShows({"A", "C", "D", "E"}));
+    choose(IDC_ALL_TASKS);
+    EXPECT_TRUE(PrimaryShows({"A", "C", "D", "E", "B"}));
+    EXPECT_TRUE(Eventually([&] { return ButtonsOn(bars[0]).size() == 5 && ButtonsOn(bars[1]).size() == 5; }));
     last.program->Kill();
-    EXPECT_TRUE(PrimaryShows({"A", "D", "B"}));
+    EXPECT_TRUE(PrimaryShows({"A", "D", "E", "B"}));
 }
 
 TEST_F(TaskListTest, ButtonsActivateMinimiseAndRestoreByClick) {

@@ -27,6 +27,8 @@ protected:
     // A sample with the place of its window; waits for it to have the foreground.
     Sample OpenAt(const std::string& title, POINT place, const std::string& switches = {});
 
+    static HWND SheetWindow() { return FindWindowA(nullptr, "Tevral Ombrel Windows Manager"); }
+
     // Counted from 1 as the platform enumerates them.
     static RECT DisplayRect(unsigned display);
     // Null without one. A bar that is slid away or collapsed is on its display as well.

@@ -1,4 +1,4 @@
-// What every object of the stand-in shell's library is made of.
+// The classes of the stand-in shell's COM library, and what their objects are made of.
 #pragma once
 
 #include <windows.h>
@@ -6,10 +6,6 @@
 #include <unknwn.h>
 
 namespace standin {
-
-// The count by which the library knows whether it may be unmapped.
-void AddObject();
-void DropObject();
 
 // The platform's interfaces have no destructor at all; nothing is deleted through them.
 #pragma GCC diagnostic push
@@ -19,10 +15,6 @@ void DropObject();
 template <typename Interface, const GUID& InterfaceId>
 class ComObject : public Interface {
 public:
-    ComObject() { AddObject(); }
-    ComObject(const ComObject&) = delete;
-    ComObject& operator=(const ComObject&) = delete;
-
     STDMETHODIMP QueryInterface(REFIID wanted, void** object) override {
         const bool known = wanted == IID_IUnknown || wanted == InterfaceId;
         *object = known ? static_cast<void*>(this) : nullptr;
@@ -37,12 +29,17 @@ public:
     }
 
 protected:
-    virtual ~ComObject() { DropObject(); }
+    virtual ~ComObject() = default;
 
 private:
     ULONG references = 1;
 };
 
 #pragma GCC diagnostic pop
+
+// New objects with one reference. What is set on the one for wallpaper and style takes effect with ApplyChanges, as in
+// the real one; the list of tasks reaches the task bar that runs when it is called.
+IUnknown* MakeActiveDesktop();
+IUnknown* MakeTaskList();
 
 }  // namespace standin
