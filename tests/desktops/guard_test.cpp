@@ -115,20 +115,6 @@ TEST_F(GuardTest, IsReplacedAndStartsTheLoaderAgain) {
     EXPECT_TRUE(Eventually([&] { return children.CountRunning() == 1; })) << "a guard stays after the good-bye";
 }
 
-TEST_F(GuardTest, IsReplacedByHand) {
-    StartLoader("--no-guard");
-    EXPECT_EQ(Status("guard"), "none");
-    const Sample sample = OpenSample("Sample");
-    for (const bool killed : {false, true}) {
-        ASSERT_TRUE(WindowsBecome(0, 1));
-        Switch(1);
-        ASSERT_TRUE(BecomesHidden(sample.window));
-        if (killed) loader->Kill();
-        EXPECT_EQ(Loader("--restore").status, 0u);
-        EXPECT_TRUE(BecomesVisible(sample.window)) << (killed ? "killed" : "alive");
-    }
-}
-
 }  // namespace
 
 }  // namespace halyard::test
