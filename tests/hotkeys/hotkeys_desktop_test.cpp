@@ -101,45 +101,17 @@ TEST_F(HotkeysTest, RestWhileTheirPageShowsAndWorkAfterIt) {
 }
 
 TEST_F(HotkeysTest, RunTheirActionsWhileAnotherProgramHasTheFocus) {
-    const std::pair<const char*, int> bindings[] = {{"2", VK_F2}, {"3", VK_F3}, {"4", VK_F4},
+    const std::pair<const char*, int> bindings[] = {{"1", VK_F9}, {"2", VK_F2}, {"3", VK_F3},         {"4", VK_F4},
                                                     {"5", VK_F5}, {"6", VK_F6}, {"1073741826", VK_F7}};
     for (const auto& [action, key] : bindings)
         StoreBinding(action, Binding(key));
     StartLoader();
-    const Sample notepad = OpenNotepad();
+    const Sample typed = OpenFrame("Typed into", "--at 200,100,500,450");
     ASSERT_TRUE(WindowsBecome(0, 1));
-    Assign(notepad.window, published::AllDesktops);
-    ASSERT_TRUE(BringToFront(notepad.window));
-    const std::pair<const char*, int> presses[] = {{"F4", 1}, {"F4", 2}, {"F4", 0}, {"F5", 2}, {"F6", 0}, {"F7", 2}};
-    for (const auto& [key, desktop] : presses) {
-        TapKey(std::string("ctrl+shift+") + key);
-        ASSERT_TRUE(DesktopBecomes(desktop)) << "after " << key;
-    }
-    for (const LONG topmost : {WS_EX_TOPMOST, 0L}) {
-        TapKey("ctrl+shift+F3");
-        EXPECT_TRUE(Eventually([&] {
-            return (GetWindowLongA(notepad.window, GWL_EXSTYLE) & WS_EX_TOPMOST) == topmost;
-        })) << Describe(notepad.window);
-    }
-    // With desktops off the switches do nothing, the others work.
-    WriteNumber(published::ProductKey, "MultiDesk", 0);
-    AskServer(published::Restart, 1);
-    ASSERT_TRUE(DesktopBecomes(0));
-    TapKey("ctrl+shift+F4");
-    TapKey("ctrl+shift+F2");
-    EXPECT_TRUE(Eventually([&] { return SheetWindow() != nullptr; })) << "the dialog doesn't open";
-    EXPECT_TRUE(DesktopBecomes(0));
-}
-
-TEST_F(HotkeysTest, FindTheCursorAndLeaveNoPixelBehind) {
-    StoreBinding("1", Binding(VK_F9));
-    StartLoader();
-    const Sample sample = OpenSample("Under the rings", "--at 200,100,500,450");
-    ASSERT_TRUE(WindowsBecome(0, 1));
-    ASSERT_TRUE(BringToFront(sample.window));
+    ASSERT_TRUE(BringToFront(typed.window));
+    // The rings around the cursor invert what they find, so that nothing may be painted any more.
     MoveMouse({410, 310});
     const auto around = [] { return PixelsOf({300, 200, 520, 420}); };
-    // The rings invert what they find, so that nothing may be painted any more.
     ASSERT_TRUE(Eventually([&] {
         const auto before = around();
         Sleep(200);
@@ -149,6 +121,25 @@ TEST_F(HotkeysTest, FindTheCursorAndLeaveNoPixelBehind) {
     TapKey("ctrl+shift+F9");
     EXPECT_TRUE(Eventually([&] { return around() != before; })) << "no ring was seen";
     EXPECT_TRUE(Eventually([&] { return around() == before; })) << "pixels were left behind";
+    Assign(typed.window, published::AllDesktops);
+    const std::pair<const char*, int> presses[] = {{"F4", 1}, {"F4", 2}, {"F4", 0}, {"F5", 2}, {"F6", 0}, {"F7", 2}};
+    for (const auto& [key, desktop] : presses) {
+        TapKey(std::string("ctrl+shift+") + key);
+        ASSERT_TRUE(DesktopBecomes(desktop)) << "after " << key;
+    }
+    for (const LONG topmost : {WS_EX_TOPMOST, 0L}) {
+        TapKey("ctrl+shift+F3");
+        EXPECT_TRUE(Eventually([&] { return (GetWindowLongA(typed.window, GWL_EXSTYLE) & WS_EX_TOPMOST) == topmost; }))
+            << Describe(typed.window);
+    }
+    // With desktops off the switches do nothing, the others work.
+    WriteNumber(published::ProductKey, "MultiDesk", 0);
+    AskServer(published::Restart, 1);
+    ASSERT_TRUE(DesktopBecomes(0));
+    TapKey("ctrl+shift+F4");
+    TapKey("ctrl+shift+F2");
+    EXPECT_TRUE(Eventually([&] { return SheetWindow() != nullptr; })) << "the dialog doesn't open";
+    EXPECT_TRUE(DesktopBecomes(0));
 }
 
 // The window in front goes to a desktop, alone or with the user, who adds Shift for that; and to a display.

@@ -91,6 +91,16 @@ HWND DesktopTest::OpenPopup(const Sample& sample, bool visible) {
     return reinterpret_cast<HWND>(Ask(sample.window, sample::OpenPopup, visible));
 }
 
+std::vector<HWND> DesktopTest::SeenWindows() {
+    std::vector<HWND> seen;
+    for (HWND window : TopLevelWindows()) {
+        const std::string text = Describe(window);
+        const bool opened = text.find("\"HalyardSample") != text.npos || text.find("\"Notepad\"") != text.npos;
+        if (opened && IsWindowVisible(window)) seen.push_back(window);
+    }
+    return seen;
+}
+
 std::string DesktopTest::ScratchFolder() {
     char temporary[MAX_PATH] = {};
     GetTempPathA(sizeof(temporary), temporary);

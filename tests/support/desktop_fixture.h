@@ -40,6 +40,9 @@ protected:
     // Two of its popups, one shown and one not.
     static HWND OpenPopup(const Sample& sample, bool visible);
 
+    // What is to be seen of the windows of samples and of Notepad, from the top down.
+    static std::vector<HWND> SeenWindows();
+
     // What the window's program has written in answer to a message.
     static std::string ReportOf(const Sample& sample, UINT message) {
         return TextOf(reinterpret_cast<HWND>(Ask(sample.window, message)));
