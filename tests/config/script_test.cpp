@@ -53,7 +53,7 @@ TEST_F(ScriptTest, NamesAndWallpapersKeepTheirLetters) {
     StartLoader();
     EXPECT_NE(Loader("--json").out.find(NameJson), std::string::npos) << Loader("--json").out;
     Switch(1);
-    EXPECT_TRUE(Eventually([&] { return standin::ReadWideText(standin::WallpaperValue) == wallpaper; }));
+    EXPECT_TRUE(Eventually([&] { return ReadWide(standin::StandInKey, L"Wallpaper") == wallpaper; }));
     Switch(0);
     EXPECT_TRUE(Eventually([&] { return ReadWide(DesktopKey(1), L"Wallpaper") == wallpaper; }));
 

@@ -6,6 +6,7 @@
 #include <wininet.h>
 
 #include <shlobj.h>
+#include <shlwapi.h>
 
 namespace standin {
 
@@ -13,22 +14,27 @@ namespace {
 
 constexpr GUID ActiveDesktopInterface = {0xF490EB00, 0x1240, 0x11D1, {0x98, 0x88, 0x00, 0x60, 0x97, 0xDE, 0xAC, 0xF9}};
 
+// Wide, so that every letter is kept.
+constexpr wchar_t Key[] = L"Software\\HalyardStandIn", Value[] = L"Wallpaper";
+
 class ActiveDesktop final : public ComObject<IActiveDesktop, ActiveDesktopInterface> {
 public:
+    ActiveDesktop() {
+        DWORD size = sizeof(wallpaper) - sizeof(wchar_t);
+        SHGetValueW(HKEY_CURRENT_USER, Key, Value, nullptr, wallpaper, &size);
+    }
     STDMETHODIMP ApplyChanges(DWORD flags) override {
         if (!(flags & AD_APPLY_SAVE)) return S_OK;
-        WriteText(WallpaperValue, wallpaper);
+        SHSetValueW(HKEY_CURRENT_USER, Key, Value, REG_SZ, wallpaper, (lstrlenW(wallpaper) + 1) * sizeof(wchar_t));
         WriteNumber(WallpaperStyleValue, style);
         return S_OK;
     }
     STDMETHODIMP GetWallpaper(PWSTR path, UINT room, DWORD) override {
-        MultiByteToWideChar(CP_ACP, 0, wallpaper.c_str(), -1, path, static_cast<int>(room));
+        lstrcpynW(path, wallpaper, static_cast<int>(room));
         return S_OK;
     }
     STDMETHODIMP SetWallpaper(PCWSTR path, DWORD) override {
-        char narrow[MAX_PATH] = {};
-        WideCharToMultiByte(CP_ACP, 0, path, -1, narrow, sizeof(narrow) - 1, nullptr, nullptr);
-        wallpaper = narrow;
+        lstrcpynW(wallpaper, path, MAX_PATH);
         return S_OK;
     }
     STDMETHODIMP GetWallpaperOptions(LPWALLPAPEROPT options, DWORD) override {
@@ -58,7 +64,7 @@ public:
     STDMETHODIMP GetDesktopItemBySource(PCWSTR, LPCOMPONENT, DWORD) override { return E_NOTIMPL; }
 
 private:
-    std::string wallpaper = ReadText(WallpaperValue);
+    wchar_t wallpaper[MAX_PATH] = {};
     DWORD style = ReadNumber(WallpaperStyleValue);
 };
 

@@ -32,7 +32,8 @@ TEST_F(AttentionTest, ButtonsFlashUntilTheirWindowHasIt) {
     OpenAt("Front", {1400, 300});
     ASSERT_TRUE(WindowsBecome(0, 2));
     EXPECT_FALSE(IsMarked("Asking"));
-    tray.SayShellEvent(HSHELL_FLASH, asking.window);
+    // As the shell tells it.
+    PostMessageA(BarOn(2), RegisterWindowMessageA("SHELLHOOK"), HSHELL_FLASH, reinterpret_cast<LPARAM>(asking.window));
     EXPECT_TRUE(Eventually([] { return IsMarked("Asking"); }));
     EXPECT_TRUE(GetsItByClick(asking.window));
 
