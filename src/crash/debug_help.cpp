@@ -112,7 +112,8 @@ struct Receiver {
 BOOL CALLBACK OnModule(const char* name, AddressValue base, ULONG size, void* context) {
     const ModulePath path(reinterpret_cast<HMODULE>(static_cast<ULONG_PTR>(base)));
     const ModuleVersion version(path.text);
-    static_cast<const Receiver<Module>*>(context)->Give({path.text[0] ? path.FileName() : name, base, size, version.text, path.text});
+    static_cast<const Receiver<Module>*>(context)->Give(
+        {path.text[0] ? path.FileName() : name, base, size, version.text, path.text});
     return TRUE;
 }
 

@@ -48,7 +48,7 @@ void Paint(HWND window) noexcept {
         SetBkMode(dc, TRANSPARENT);
         SetTextColor(dc, GetSysColor(COLOR_INFOTEXT));
         DrawTextIn(dc, sign.text.Text(), client,
-                  DT_SINGLELINE | DT_CENTER | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+                   DT_SINGLELINE | DT_CENTER | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
     }
     EndPaint(window, &paint);
 }

@@ -26,10 +26,9 @@ bool RegistryKey::Open(HKEY parent, const char* path, REGSAM access) noexcept {
 bool RegistryKey::Create(HKEY parent, const char* path, DWORD options) noexcept {
     HKEY opened = nullptr;
     const LONG result =
-        TakesWideText()
-            ? RegCreateKeyExW(parent, WideTextBuffer(path).Text(), 0, nullptr, options, KEY_ALL_ACCESS, nullptr, &opened,
-                              nullptr)
-            : RegCreateKeyExA(parent, path, 0, nullptr, options, KEY_ALL_ACCESS, nullptr, &opened, nullptr);
+        TakesWideText() ? RegCreateKeyExW(parent, WideTextBuffer(path).Text(), 0, nullptr, options, KEY_ALL_ACCESS,
+                                          nullptr, &opened, nullptr)
+                        : RegCreateKeyExA(parent, path, 0, nullptr, options, KEY_ALL_ACCESS, nullptr, &opened, nullptr);
     const bool good = result == ERROR_SUCCESS;
     Close();
     key = good ? opened : nullptr;

@@ -46,6 +46,21 @@ TEST_F(ShellTest, AHungShellCostsOneWait) {
     tray.Kill();
 }
 
+TEST_F(ShellTest, WhatAHungShellMissedIsMadeUpFor) {
+    StartAll();
+    const Sample moved = OpenAt("Moved", {100, 100});
+    ASSERT_TRUE(PrimaryShows({"Moved"}));
+    tray.Hang(3000);
+    SetWindowPos(moved.window, nullptr, OnSecond.x, OnSecond.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    EXPECT_TRUE(Eventually([] { return ButtonsOn(2).size() == 1; }, 2500)) << "it waits for the shell";
+    EXPECT_TRUE(PrimaryShows({"Moved"}));
+    const auto madeUp = [&] {
+        PostMessageA(Server(), WM_TIMER, 1, 0);  // which comes by itself every half minute
+        return tray.TabWindows().empty();
+    };
+    EXPECT_TRUE(Eventually(madeUp, 20000));
+}
+
 TEST_F(ShellTest, WithoutAShellThereAreBarsAllTheSame) {
     Set("TaskbarsShowAllTasks", 1);
     OpenAt("One", OnSecond);
