@@ -207,9 +207,9 @@ void CarryOut(DesktopId left) noexcept {
     const Plan plan = MakePlan(left, current);
     // The platform activates another window when the active one is hidden. The others can go while the keeper comes.
     const WindowKey foreground = Foreground();
-    HideAllBut(foreground, plan.windows, current);
     if (switched || !plan.frontStays) RaiseKeeper();
-    if (!plan.frontStays && (!foreground || IsHiddenBy(plan, foreground))) TakeKeyboard();
+    HideAllBut(foreground, plan.windows, current);
+    if (!plan.frontStays) TakeKeyboard();
     if (const SeenWindow* active = FindSeen(plan.windows, foreground)) Hide(plan.windows, *active, current);
     awaitedFront = 0;
     ShowWindows(plan);
