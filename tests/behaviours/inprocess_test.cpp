@@ -145,8 +145,12 @@ using DialogPlacementTest = InProcessTest;
 // The program activates its dialog once more in the middle of it, or destroys it.
 TEST_F(DialogPlacementTest, DoesNothingInsideItselfAndOutlivesItsDialog) {
     settings.SetDialogControl(3, 1);
-    KnownWindow dialog(MakeDialog(WS_POPUP | WS_CAPTION | WS_SYSMENU, nullptr));
-    SetWindowLongPtrA(dialog.get(), DWLP_DLGPROC, reinterpret_cast<LONG_PTR>(NotingDialogProc));
+    // After the header: no menu, the platform's class, no title.
+    const struct {
+        alignas(4) DLGTEMPLATE header;
+        WORD menuClassTitle[3];
+    } form = {{WS_POPUP | WS_CAPTION | WS_SYSMENU, 0, 0, 20, 20, 120, 80}, {0, 0, 0}};
+    KnownWindow dialog(CreateDialogIndirectParamA(nullptr, &form.header, nullptr, NotingDialogProc, 0));
     const WNDPROC own = dialog.Procedure();
     for (const bool destroys : {false, true}) {
         SetWindowPos(dialog.get(), nullptr, 1200, 80, 260, 180, SWP_NOZORDER);

@@ -4,11 +4,7 @@
 
 namespace halyard::test {
 
-namespace {
-
-const std::string BindingKey = std::string(published::ProductKey) + "\\HotKeys";
-
-}  // namespace
+const std::string SheetTest::BindingKey = std::string(published::ProductKey) + "\\HotKeys";
 
 HWND SheetTest::SheetWindow() {
     return FindWindowA(nullptr, "Tevral Ombrel Windows Manager");
@@ -44,14 +40,12 @@ void SheetTest::ClickControl(int id) {
     Ask(SheetWindow(), WM_NULL);
 }
 
-testing::AssertionResult SheetTest::Becomes(int id, bool enabled) {
-    return Comes([&] { return Control(id) && (IsWindowEnabled(Control(id)) != FALSE) == enabled; },
-                 [&] { return Format("control %d is%s grey", id, enabled ? "" : "n't"); });
+bool SheetTest::Becomes(int id, bool enabled) {
+    return Eventually([&] { return Control(id) && (IsWindowEnabled(Control(id)) != FALSE) == enabled; });
 }
 
-testing::AssertionResult SheetTest::BecomesText(int id, const std::string& part) {
-    return Comes([&] { return TextOf(Control(id)).find(part) != part.npos; },
-                 [&] { return "\"" + TextOf(Control(id)) + "\" lacks \"" + part + "\""; });
+bool SheetTest::BecomesText(int id, const std::string& part) {
+    return Eventually([&] { return TextOf(Control(id)).find(part) != part.npos; });
 }
 
 void SheetTest::Focus(int id) {
@@ -79,14 +73,6 @@ void SheetTest::SelectRow(int list, int row) {
 void SheetTest::Press(int button) {
     Click(MiddleOf(GetDlgItem(SheetWindow(), button)));
     EXPECT_TRUE(Eventually([&] { return button == ApplyButton ? !CanApply() : !SheetWindow(); })) << button;
-}
-
-void SheetTest::StoreBinding(const std::string& action, const std::string& bytes, HKEY hive) {
-    Store(BindingKey, action.c_str(), REG_BINARY, bytes + std::string(3, 0), hive);
-}
-
-std::string SheetTest::StoredBinding(const std::string& action) {
-    return BytesOf(BindingKey, action.c_str()).substr(0, 5);
 }
 
 testing::AssertionResult SheetTest::DesktopBecomes(int id) {

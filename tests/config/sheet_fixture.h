@@ -19,8 +19,8 @@ protected:
 
     void ClickControl(int id);
     // Waits until the control is, or isn't, enabled.
-    testing::AssertionResult Becomes(int id, bool enabled);
-    testing::AssertionResult BecomesText(int id, const std::string& part);
+    bool Becomes(int id, bool enabled);
+    bool BecomesText(int id, const std::string& part);
     void Focus(int id);
     // Chooses the row of a list view by keys, counted from 0.
     void SelectRow(int list, int row);
@@ -31,8 +31,13 @@ protected:
     static constexpr int ApplyButton = 0x3021;
 
     // The stored binding of an action: Alt, Ctrl, Shift and Windows key, each 0 or 1, then the key's code.
-    static void StoreBinding(const std::string& action, const std::string& bytes, HKEY hive = HKEY_CURRENT_USER);
-    static std::string StoredBinding(const std::string& action);
+    static void StoreBinding(const std::string& action, const std::string& bytes, HKEY hive = HKEY_CURRENT_USER) {
+        Store(BindingKey, action.c_str(), REG_BINARY, bytes + std::string(3, 0), hive);
+    }
+    static std::string StoredBinding(const std::string& action) {
+        return BytesOf(BindingKey, action.c_str()).substr(0, 5);
+    }
+    static const std::string BindingKey;
     testing::AssertionResult DesktopBecomes(int id);
 };
 

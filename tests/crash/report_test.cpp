@@ -21,7 +21,8 @@ const std::string Memory = Bytes(0x11, 0, 0, 0, 7, 0, 0, 0, 0, 0, 0xC0, 0xBF, 0,
                            Bytes(0x20, 0x10, 0, 0, 0x48, 0x10, 0, 0, 0x4B, 0x10, 0, 0) +
                            "0123456789012345678901234567890123456789ab" + std::string("\0abc", 4);
 
-// A node holds a count and itself. The damaged types have counts and offsets that no type has.
+// A node holds a count and itself. The damaged types have counts and offsets that no type has: without an end to it, a
+// walk over them would take years.
 enum Type : unsigned { Node = 1, Count, Int, Real, Text, Damaged, DamagedMember };
 const char* const Names[] = {"", "Node", "count", "int", "", "", "N", ""};
 const std::map<std::pair<unsigned, TypeNumber>, std::uint64_t> Numbers = {
@@ -37,14 +38,13 @@ const std::map<std::pair<unsigned, TypeNumber>, std::uint64_t> Numbers = {
     {{DamagedMember, TypeNumber::Offset}, ~0ULL},
 };
 constexpr StackPlace Place = {0x5000, 0x1010};
-unsigned reads = 0, walked = 0;
+unsigned walked = 0;
 
 // Its stack has no end. With nothing that the debug-help library may lack but the types.
 ReportSource MadeUpSource() {
     ReportSource source = {};
     source.pointerSize = 4;
     source.read = [](void*, std::uint64_t address, void* bytes, std::size_t size) {
-        ++reads;
         if (address < 0x1000 || address - 0x1000 + size > Memory.size()) return false;
         std::memcpy(bytes, &Memory[address - 0x1000], size);
         return true;
@@ -69,7 +69,7 @@ ReportSource MadeUpSource() {
     source.typeChildren = [](void*, std::uint64_t, unsigned type, unsigned count,
                              unsigned(&children)[MaxTypeChildren]) {
         for (unsigned index = 0; index < count; ++index)
-            children[index] = type == Damaged ? DamagedMember : index == 0 ? Count : Node;
+            children[index] = type == Damaged ? (index ? Damaged : DamagedMember) : (index ? Node : Count);
         return true;
     };
     return source;
@@ -104,9 +104,10 @@ TEST(Report, OfADamagedProgramEndsInItsRoom) {
     static constexpr Symbol Many = {"many", 0, 1, 0, 7, Damaged, 4};
     ReportSource source = MadeUpSource();
     ReportText line(0x10000);
-    reads = walked = 0;
     FormatSymbol(source, Many, nullptr, line);
-    EXPECT_EQ(reads, MaxTypeChildren);
+    EXPECT_TRUE(line.IsFull());
+    line.Clear();
+    walked = 0;
     WriteDetails(source, 0, line);
     EXPECT_EQ(walked, 2 * 50u);
     source.enumerateSymbols = [](void*, std::uint64_t, void (*found)(void*, const Symbol&), void* target) {

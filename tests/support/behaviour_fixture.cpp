@@ -30,10 +30,6 @@ Sample BehaviourTest::OpenFrame(const std::string& title, const std::string& swi
     return frame;
 }
 
-HWND BehaviourTest::OpenDialog(const Sample& frame, sample::Owner owner, POINT place) {
-    return reinterpret_cast<HWND>(Ask(frame.window, sample::OpenDialog, owner, MAKELONG(place.x, place.y)));
-}
-
 void BehaviourTest::Close(const Sample& sample) {
     PostMessageA(sample.window, WM_CLOSE, 0, 0);
     EXPECT_TRUE(sample.program->Ends(WaitLimit)) << "doesn't end: " << Describe(sample.window);

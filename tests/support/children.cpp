@@ -7,21 +7,9 @@ namespace halyard::test {
 namespace {
 
 constexpr DWORD RunLimit = 15000;  // ms
-constexpr DWORD EndLimit = 5000;   // ms
 constexpr DWORD PipeRoom = 0x8000;
 
 }  // namespace
-
-DWORD Child::ExitStatus() const {
-    DWORD status = 0;
-    GetExitCodeProcess(Handle(), &status);
-    return status;
-}
-
-void Child::Kill() const {
-    TerminateProcess(Handle(), 99);
-    Ends(EndLimit);
-}
 
 HMODULE Child::Module(const char* name) const {
     const KernelHandle snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPMODULE, id));

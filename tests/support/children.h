@@ -8,6 +8,8 @@
 
 namespace halyard::test {
 
+constexpr DWORD EndLimit = 5000;  // ms
+
 class Child {
 public:
     Child(HANDLE startedProcess, DWORD startedId) : process(startedProcess), id(startedId) {}
@@ -16,8 +18,15 @@ public:
     DWORD Id() const { return id; }
     // Whether it ends within that time, in ms.
     bool Ends(DWORD limit) const { return WaitForSingleObject(process.get(), limit) == WAIT_OBJECT_0; }
-    DWORD ExitStatus() const;
-    void Kill() const;
+    DWORD ExitStatus() const {
+        DWORD status = 0;
+        GetExitCodeProcess(Handle(), &status);
+        return status;
+    }
+    void Kill() const {
+        TerminateProcess(Handle(), 99);
+        Ends(EndLimit);
+    }
     // Base of the module of that file name in the process; null where it isn't mapped.
     HMODULE Module(const char* name) const;
 

@@ -76,19 +76,11 @@ Sample DesktopTest::OpenProgram(const std::string& file, const std::string& swit
     return sample;
 }
 
-Sample DesktopTest::OpenSample(const std::string& title, const std::string& switches) {
-    return OpenProgram(BinFolder() + sample::File, "--inactive --title \"" + title + "\" " + switches, title);
-}
-
 Sample DesktopTest::OpenNotepad() {
     // The one of this program's bitness; the one in the folder above isn't.
     char system[MAX_PATH] = {};
     GetSystemDirectoryA(system, sizeof(system));
     return OpenProgram(std::string(system) + "\\notepad.exe", {}, "Untitled - Notepad");
-}
-
-HWND DesktopTest::OpenPopup(const Sample& sample, bool visible) {
-    return reinterpret_cast<HWND>(Ask(sample.window, sample::OpenPopup, visible));
 }
 
 std::vector<HWND> DesktopTest::SeenWindows() {
@@ -115,21 +107,10 @@ std::string DesktopTest::CopyTo(const std::string& targetFolder, const std::stri
     return target;
 }
 
-LRESULT DesktopTest::AskServer(UINT message, WPARAM wParam, LPARAM lParam) {
-    return Ask(Server(), message, wParam, lParam);
-}
-
-void DesktopTest::Assign(HWND window, int id) {
-    AskServer(published::WindowAttach, reinterpret_cast<WPARAM>(window), id);
-}
-
-unsigned DesktopTest::WindowsOn(int desktop) {
-    return static_cast<unsigned>(AskServer(HM_COUNT_WINDOWS, 0, desktop));
-}
-
 testing::AssertionResult DesktopTest::WindowsBecome(int desktop, unsigned count) {
-    return Comes([&] { return WindowsOn(desktop) == count; },
-                 [&] { return Format("desktop %d has %u windows, not %u", desktop, WindowsOn(desktop), count); });
+    unsigned present = 0;
+    return Comes([&] { return (present = static_cast<unsigned>(AskServer(HM_COUNT_WINDOWS, 0, desktop))) == count; },
+                 [&] { return Format("desktop %d has %u windows, not %u", desktop, present, count); });
 }
 
 std::string DesktopTest::Status(const std::string& name) {

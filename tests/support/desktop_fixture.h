@@ -35,10 +35,14 @@ protected:
 
     // Starts a program of `file` and waits for its window with that title.
     Sample OpenProgram(const std::string& file, const std::string& switches, const std::string& title);
-    Sample OpenSample(const std::string& title, const std::string& switches = {});
+    Sample OpenSample(const std::string& title, const std::string& switches = {}) {
+        return OpenProgram(BinFolder() + sample::File, "--inactive --title \"" + title + "\" " + switches, title);
+    }
     Sample OpenNotepad();
     // Two of its popups, one shown and one not.
-    static HWND OpenPopup(const Sample& sample, bool visible);
+    static HWND OpenPopup(const Sample& sample, bool visible) {
+        return reinterpret_cast<HWND>(Ask(sample.window, sample::OpenPopup, visible));
+    }
 
     // What is to be seen of the windows of samples and of Notepad, from the top down.
     static std::vector<HWND> SeenWindows();
@@ -55,12 +59,15 @@ protected:
 
     static HWND Server() { return FindWindowA(published::ServerClass, nullptr); }
     // Waits for the server's answer.
-    static LRESULT AskServer(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
+    static LRESULT AskServer(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
+        return Ask(Server(), message, wParam, lParam);
+    }
     static void Switch(int id) { AskServer(published::SwitchDesktop, 0, id); }
-    static void Assign(HWND window, int id);
+    static void Assign(HWND window, int id) {
+        AskServer(published::WindowAttach, reinterpret_cast<WPARAM>(window), id);
+    }
     // How many windows the server has on the desktop.
     static testing::AssertionResult WindowsBecome(int desktop, unsigned count);
-    static unsigned WindowsOn(int desktop);
     // What the loader's status says behind "NAME: ".
     std::string Status(const std::string& name);
 

@@ -14,10 +14,6 @@ LRESULT CALLBACK TestProc(HWND window, UINT message, WPARAM wParam, LPARAM lPara
     return answer ? *answer : platform(window, message, wParam, lParam);
 }
 
-INT_PTR CALLBACK DialogProc(HWND, UINT, WPARAM, LPARAM) {
-    return FALSE;
-}
-
 }  // namespace
 
 TestWindow::TestWindow(const WindowForm& form) {
@@ -25,30 +21,17 @@ TestWindow::TestWindow(const WindowForm& form) {
     narrow.lpfnWndProc = TestProc;
     narrow.lpszClassName = "HalyardTestWindow";
     RegisterClassA(&narrow);
-    WNDCLASSW wide = {};
-    wide.lpfnWndProc = TestProc;
-    wide.lpszClassName = L"HalyardTestWideWindow";
-    RegisterClassW(&wide);
     const auto& [left, top, right, bottom] = form.place;
-    window = form.wide ? CreateWindowExW(form.exStyle, wide.lpszClassName, L"", form.style, left, top, right - left,
-                                         bottom - top, form.parent, nullptr, nullptr, nullptr)
-                       : CreateWindowExA(form.exStyle, narrow.lpszClassName, "", form.style, left, top, right - left,
-                                         bottom - top, form.parent, nullptr, nullptr, nullptr);
+    window = CreateWindowExA(form.exStyle, narrow.lpszClassName, "", form.style, left, top, right - left, bottom - top,
+                             form.parent, nullptr, nullptr, nullptr);
+    // A window is of the interface by which it has got its procedure.
+    if (form.wide) SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(TestProc));
     SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
 }
 
 TestWindow::~TestWindow() {
     handler = nullptr;
     if (IsWindow(window)) DestroyWindow(window);
-}
-
-HWND MakeDialog(DWORD style, HWND owner) {
-    // After the header: no menu, the platform's class, no title.
-    struct {
-        alignas(4) DLGTEMPLATE header;
-        WORD menuClassTitle[3];
-    } form = {{style, 0, 0, 20, 20, 120, 80}, {0, 0, 0}};
-    return CreateDialogIndirectParamA(nullptr, &form.header, owner, DialogProc, 0);
 }
 
 bool RunBeside(const std::function<void()>& body) {

@@ -35,9 +35,6 @@ private:
     HWND window;
 };
 
-// A dialog box from a template in memory, without controls and not shown.
-HWND MakeDialog(DWORD style, HWND owner);
-
 // Runs `body` on a thread of its own while this one hands out its messages; whether it ended by the deadline.
 bool RunBeside(const std::function<void()>& body);
 

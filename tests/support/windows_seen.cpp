@@ -2,20 +2,16 @@
 
 namespace halyard::test {
 
-namespace {
-
-testing::AssertionResult IsShown(HWND window, bool visible, DWORD limit = WaitLimit) {
+testing::AssertionResult BecomesShown(HWND window, bool visible, DWORD limit) {
     return Comes([&] { return IsWindow(window) && (IsWindowVisible(window) != FALSE) == visible; },
                  [&] { return "should be otherwise: " + Describe(window); }, limit);
 }
 
-// Showing and hiding are sent to the thread; a later message comes after them.
-testing::AssertionResult Stays(HWND window, bool visible) {
+testing::AssertionResult StaysShown(HWND window, bool visible) {
+    // Showing and hiding are sent to the thread; a later message comes after them.
     EXPECT_EQ(Ask(window, WM_NULL), 0);
-    return IsShown(window, visible, 0);
+    return BecomesShown(window, visible, 0);
 }
-
-}  // namespace
 
 std::string Describe(HWND window) {
     if (!IsWindow(window)) return "no window";
@@ -54,19 +50,6 @@ HWND WindowOf(DWORD processId, const std::string& title) {
         if (process == processId && GetWindowTextA(window, text, sizeof(text)) >= 0 && title == text) return window;
     }
     return nullptr;
-}
-
-testing::AssertionResult BecomesVisible(HWND window) {
-    return IsShown(window, true);
-}
-testing::AssertionResult BecomesHidden(HWND window) {
-    return IsShown(window, false);
-}
-testing::AssertionResult StaysVisible(HWND window) {
-    return Stays(window, true);
-}
-testing::AssertionResult StaysHidden(HWND window) {
-    return Stays(window, false);
 }
 
 LRESULT Ask(HWND window, UINT message, WPARAM wParam, LPARAM lParam, DWORD limit) {

@@ -49,11 +49,21 @@ std::vector<HWND> TopLevelWindows();
 // Null where the process has no top-level window with that title.
 HWND WindowOf(DWORD processId, const std::string& title);
 
-testing::AssertionResult BecomesVisible(HWND window);
-testing::AssertionResult BecomesHidden(HWND window);
+testing::AssertionResult BecomesShown(HWND window, bool visible, DWORD limit = WaitLimit);
+inline testing::AssertionResult BecomesVisible(HWND window) {
+    return BecomesShown(window, true);
+}
+inline testing::AssertionResult BecomesHidden(HWND window) {
+    return BecomesShown(window, false);
+}
 // For what must not change: lets the window's thread do all that it has been asked so far, and looks then.
-testing::AssertionResult StaysVisible(HWND window);
-testing::AssertionResult StaysHidden(HWND window);
+testing::AssertionResult StaysShown(HWND window, bool visible);
+inline testing::AssertionResult StaysVisible(HWND window) {
+    return StaysShown(window, true);
+}
+inline testing::AssertionResult StaysHidden(HWND window) {
+    return StaysShown(window, false);
+}
 
 // Sends with a limit of time, in ms; -1 where the answer doesn't come.
 LRESULT Ask(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0, DWORD limit = WaitLimit);
