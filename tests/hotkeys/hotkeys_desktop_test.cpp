@@ -34,7 +34,13 @@ protected:
         ASSERT_TRUE(Becomes(IDC_SET_HOTKEY, !*reason));
         EXPECT_TRUE(BecomesText(IDC_HOTKEY_HINT, reason));
         EXPECT_EQ(Ask(Control(IDC_HOTKEY_LIST), LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED), row);
-        if (!*reason) ClickControl(IDC_SET_HOTKEY);
+        if (*reason) return;
+        ClickControl(IDC_SET_HOTKEY);
+        // The click is through when the button has the focus and has let go of the mouse.
+        EXPECT_TRUE(Eventually([&] {
+            const GUITHREADINFO thread = ThreadOf(SheetWindow());
+            return thread.hwndFocus == Control(IDC_SET_HOTKEY) && !thread.hwndCapture;
+        }));
     }
 };
 
