@@ -165,8 +165,7 @@ void ToggleExclusion(HWND dialog) {
 }
 
 INT_PTR OnInit(HWND dialog) {
-    AddColumns(ProgramList(dialog),
-               {{"Program", 28}, {"Halyard", 36}, {"Window memory", 22}, {"Docking", 14}});
+    AddColumns(ProgramList(dialog), {{"Program", 28}, {"Halyard", 36}, {"Window memory", 22}, {"Docking", 14}});
     AddColumns(GetDlgItem(dialog, IDC_WINDOW_LIST), {{"Window", 24}, {"Counts as", 17}, {"Opens", 22}, {"Why", 37}});
     Fill(dialog);
     SetFocus(ProgramList(dialog));
