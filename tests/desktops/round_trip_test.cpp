@@ -108,9 +108,7 @@ TEST_F(ElsewhereTest, WindowsComeOrTheirDesktopDoesWhenTheyAreActivated) {
     for (DWORD answer = 0; answer <= 2; ++answer) {
         SCOPED_TRACE("answer " + std::to_string(answer));
         WriteNumber(published::ProductKey, "HiddenActivation", answer);
-        StartLoader();
-        const Sample called = OpenSample("Called");
-        ASSERT_TRUE(WindowsBecome(0, 1));
+        const Sample called = StartWithSample("Called");
         Switch(1);
         ASSERT_TRUE(BecomesHidden(called.window));
         const Sample here = OpenSample("Here");

@@ -13,9 +13,7 @@ constexpr char LibraryFile[] = "tvlHalyd.dll";
 // Both copies of the command wait when the program gets to them.
 TEST_F(HookTest, RunACommandThatWaitsTwiceOnce) {
     constexpr WPARAM TopmostItem = 64769;
-    StartLoader();
-    const Sample sample = OpenSample("Twice");
-    ASSERT_TRUE(WindowsBecome(0, 1));
+    const Sample sample = StartWithSample("Twice");
     const auto isTopmost = [&] { return (GetWindowLongA(sample.window, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0; };
     for (const bool topmost : {true, false}) {
         PostMessageA(sample.window, sample::Hang, 300, 0);
@@ -45,9 +43,7 @@ TEST_F(HookTest, BringNoLibraryAlongThatNothingNeeds) {
     ASSERT_EQ(plain.program->Module(LibraryFile), nullptr);
     plain.program->Kill();
 
-    StartLoader();
-    const Sample hooked = OpenSample("Hooked");
-    ASSERT_TRUE(WindowsBecome(0, 1));
+    const Sample hooked = StartWithSample("Hooked");
     for (int id : {1, 0})
         Switch(id);
     ASSERT_TRUE(BecomesVisible(hooked.window));
