@@ -41,8 +41,7 @@ protected:
         std::string text;
         for (HWND window : SeenWindows())
             text += Describe(window) + (IsIconic(window) ? " minimised" : "") + (IsZoomed(window) ? " maximised" : "") +
-                    (IsWindowEnabled(window) ? "" : " disabled") +
-                    (GetWindowLongA(window, GWL_EXSTYLE) & WS_EX_TOPMOST ? " topmost" : "") +
+                    (IsWindowEnabled(window) ? "" : " disabled") + (IsTopmost(window) ? " topmost" : "") +
                     (GetForegroundWindow() == window ? " in front\n" : "\n");
         return text;
     }
@@ -64,7 +63,7 @@ protected:
     static bool IsSettled() {
         return Eventually([] {
             const HWND keeper = FindWindowA("TevralHalyardKeeperWndClass", nullptr);
-            return !(GetWindowLongA(keeper, GWL_EXSTYLE) & WS_EX_TOPMOST) || !IsWindowVisible(keeper);
+            return !IsTopmost(keeper) || !IsWindowVisible(keeper);
         });
     }
 };

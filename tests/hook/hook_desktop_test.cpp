@@ -14,14 +14,13 @@ constexpr char LibraryFile[] = "tvlHalyd.dll";
 TEST_F(HookTest, RunACommandThatWaitsTwiceOnce) {
     constexpr WPARAM TopmostItem = 64769;
     const Sample sample = StartWithSample("Twice");
-    const auto isTopmost = [&] { return (GetWindowLongA(sample.window, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0; };
     for (const bool topmost : {true, false}) {
         PostMessageA(sample.window, sample::Hang, 300, 0);
         PostMessageA(sample.window, WM_SYSCOMMAND, TopmostItem, 0);
         PostMessageA(sample.window, WM_SYSCOMMAND, TopmostItem, 0);
-        EXPECT_TRUE(Eventually([&] { return isTopmost() == topmost; }));
+        EXPECT_TRUE(Eventually([&] { return IsTopmost(sample.window) == topmost; }));
         Ask(sample.window, WM_NULL);
-        EXPECT_EQ(isTopmost(), topmost);
+        EXPECT_EQ(IsTopmost(sample.window), topmost);
     }
 }
 
