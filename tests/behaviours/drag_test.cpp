@@ -65,9 +65,12 @@ TEST_F(DragTest, DocksAtInnerBordersOnly) {
                    {{-650, 0}, {-50, 100}}}},
                  {AbovePrimary(), {{{0, -200}, {600, 0}}, {{0, -300}, {600, -240}}, {{0, -500}, {600, -400}}}},
                  {UnderTaskbars(), {{{200, 500}, {724, 600}}, {{300, 500}, {1024, 600}}}}};
+    Open();
     for (const auto& [displays, steps] : roads) {
         ASSERT_TRUE(Arrange(displays)) << Describe(PresentDisplays());
-        Open();
+        AnnounceDisplays();
+        TellSettings(frame);
+        SetWindowPos(frame.window, nullptr, 600, 100, 300, 240, SWP_NOZORDER);
         Drag drag(frame.window);
         EXPECT_EQ(OpacityOf(frame.window), -1) << "taken, but not moved yet";
         for (const auto& [cursor, corner] : steps) {
@@ -77,9 +80,6 @@ TEST_F(DragTest, DocksAtInnerBordersOnly) {
         }
         drag.Drop();
         EXPECT_TRUE(BecomesPlaced(frame.window, At(steps.back().second))) << "dropped";
-        PostMessageA(other, WM_CLOSE, 0, 0);
-        Close(frame);
-        QuitLoader();
     }
 }
 

@@ -19,23 +19,18 @@ void DoubleClickCaption(HWND window) {
     DoubleClick(CaptionOf(window));
 }
 void ClickButton(HWND window) {
-    Click(MaximiseButtonOf(window));
+    // The second of the buttons that stand at the right end of the caption.
+    Click({PlaceOf(window).right - GetSystemMetrics(SM_CXSIZEFRAME) - GetSystemMetrics(SM_CXSIZE) * 3 / 2,
+           CaptionOf(window).y});
 }
 
-// What the user does to maximise and to restore.
-struct Way {
-    const char* name;
-    void (*maximise)(HWND window);
-    void (*restore)(HWND window);
-};
-
-const Way Ways[] = {
-    {"menu", [](HWND window) { UseMenuKey(window, "x"); }, [](HWND window) { UseMenuKey(window, "r"); }},
-    {"double-click", DoubleClickCaption, DoubleClickCaption},
-    {"button", ClickButton, ClickButton},
-    {"commands of another program", [](HWND window) { PostMessageA(window, WM_SYSCOMMAND, SC_MAXIMIZE, 0); },
-     [](HWND window) { PostMessageA(window, WM_SYSCOMMAND, SC_RESTORE, 0); }},
-};
+// What the user does to maximise and to restore: the menu, a double-click, the button; and commands of another program.
+using Way = std::pair<void (*)(HWND window), void (*)(HWND window)>;
+const Way Ways[] = {{[](HWND window) { UseMenuKey(window, "x"); }, [](HWND window) { UseMenuKey(window, "r"); }},
+                    {DoubleClickCaption, DoubleClickCaption},
+                    {ClickButton, ClickButton},
+                    {[](HWND window) { PostMessageA(window, WM_SYSCOMMAND, SC_MAXIMIZE, 0); },
+                     [](HWND window) { PostMessageA(window, WM_SYSCOMMAND, SC_RESTORE, 0); }}};
 
 class SpanningTest : public BehaviourTest {
 protected:
@@ -52,14 +47,12 @@ protected:
 TEST_F(SpanningTest, EveryWayThereAndBack) {
     const Sample frame = Open(2);
     for (std::size_t number = 0; number < 2 * std::size(Ways); ++number) {
-        const Way& there = Ways[number / 2];
-        const Way& back = Ways[(number + 1) / 2 % std::size(Ways)];
-        SCOPED_TRACE(std::string("by ") + there.name + ", back by " + back.name);
+        SCOPED_TRACE(number);
         ASSERT_TRUE(BringToFront(frame.window));
-        there.maximise(frame.window);
+        Ways[number / 2].first(frame.window);
         ASSERT_TRUE(BecomesPlaced(frame.window, BothDisplays));
         EXPECT_TRUE(Eventually([&] { return IsZoomed(frame.window) != FALSE; }));
-        back.restore(frame.window);
+        Ways[(number + 1) / 2 % std::size(Ways)].second(frame.window);
         ASSERT_TRUE(BecomesPlaced(frame.window, Start));
     }
     EXPECT_EQ(Ask(frame.window, sample::CountMessage, WM_NCLBUTTONDBLCLK), 0);
@@ -68,13 +61,12 @@ TEST_F(SpanningTest, EveryWayThereAndBack) {
 TEST_F(SpanningTest, WithTheControlKeyOnly) {
     const Sample frame = Open(1);
     for (const bool held : {true, false})
-        for (const Way& way : {Ways[1], Ways[2]}) {
-            SCOPED_TRACE(testing::Message() << way.name << (held ? " with Control" : ""));
+        for (const auto& [maximise, restore] : {Ways[1], Ways[2]}) {
             ASSERT_TRUE(BringToFront(frame.window));
             const std::unique_ptr<HeldKey> control(held ? new HeldKey("ctrl") : nullptr);
-            way.maximise(frame.window);
+            maximise(frame.window);
             ASSERT_TRUE(BecomesPlaced(frame.window, held ? BothDisplays : RECT{-4, -4, 1028, 772}));
-            way.restore(frame.window);
+            restore(frame.window);
             ASSERT_TRUE(BecomesPlaced(frame.window, Start));
         }
     EXPECT_EQ(Ask(frame.window, sample::CountMessage, WM_NCLBUTTONDBLCLK), 2)

@@ -73,9 +73,7 @@ TEST_F(PagesTest, ChoicesReachStoreProgramsAndTheNextSheet) {
 }
 
 TEST_F(PagesTest, DesktopsAreAddedNamedRemovedAndActivated) {
-    StartLoader();
-    const Sample onOne = OpenSample("On one");
-    ASSERT_TRUE(WindowsBecome(0, 1));
+    const Sample onOne = StartWithSample("On one");
     OpenSheet(DesktopsTab);
     SelectRow(IDC_DESKTOP_LIST, 1);
     Assign(onOne.window, 1);

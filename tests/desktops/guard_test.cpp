@@ -71,9 +71,7 @@ TEST_F(GuardTest, GivesEveryWindowBackAfterAnyKill) {
 }
 
 TEST_F(GuardTest, IsReplacedAndStartsTheLoaderAgain) {
-    StartLoader();
-    const Sample sample = OpenSample("Sample");
-    ASSERT_TRUE(WindowsBecome(0, 1));
+    const Sample sample = StartWithSample("Sample");
     const std::string first = Status("guard");
     ASSERT_TRUE(KillById(first));
     ASSERT_TRUE(Eventually([&] { return Status("guard") != first; }));

@@ -41,8 +41,7 @@ protected:
         std::string text;
         for (HWND window : SeenWindows())
             text += Describe(window) + (IsIconic(window) ? " minimised" : "") + (IsZoomed(window) ? " maximised" : "") +
-                    (IsWindowEnabled(window) ? "" : " disabled") +
-                    (GetWindowLongA(window, GWL_EXSTYLE) & WS_EX_TOPMOST ? " topmost" : "") +
+                    (IsWindowEnabled(window) ? "" : " disabled") + (IsTopmost(window) ? " topmost" : "") +
                     (GetForegroundWindow() == window ? " in front\n" : "\n");
         return text;
     }
@@ -64,7 +63,7 @@ protected:
     static bool IsSettled() {
         return Eventually([] {
             const HWND keeper = FindWindowA("TevralHalyardKeeperWndClass", nullptr);
-            return !(GetWindowLongA(keeper, GWL_EXSTYLE) & WS_EX_TOPMOST) || !IsWindowVisible(keeper);
+            return !IsTopmost(keeper) || !IsWindowVisible(keeper);
         });
     }
 };
@@ -108,9 +107,7 @@ TEST_F(ElsewhereTest, WindowsComeOrTheirDesktopDoesWhenTheyAreActivated) {
     for (DWORD answer = 0; answer <= 2; ++answer) {
         SCOPED_TRACE("answer " + std::to_string(answer));
         WriteNumber(published::ProductKey, "HiddenActivation", answer);
-        StartLoader();
-        const Sample called = OpenSample("Called");
-        ASSERT_TRUE(WindowsBecome(0, 1));
+        const Sample called = StartWithSample("Called");
         Switch(1);
         ASSERT_TRUE(BecomesHidden(called.window));
         const Sample here = OpenSample("Here");

@@ -13,17 +13,14 @@ constexpr char LibraryFile[] = "tvlHalyd.dll";
 // Both copies of the command wait when the program gets to them.
 TEST_F(HookTest, RunACommandThatWaitsTwiceOnce) {
     constexpr WPARAM TopmostItem = 64769;
-    StartLoader();
-    const Sample sample = OpenSample("Twice");
-    ASSERT_TRUE(WindowsBecome(0, 1));
-    const auto isTopmost = [&] { return (GetWindowLongA(sample.window, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0; };
+    const Sample sample = StartWithSample("Twice");
     for (const bool topmost : {true, false}) {
         PostMessageA(sample.window, sample::Hang, 300, 0);
         PostMessageA(sample.window, WM_SYSCOMMAND, TopmostItem, 0);
         PostMessageA(sample.window, WM_SYSCOMMAND, TopmostItem, 0);
-        EXPECT_TRUE(Eventually([&] { return isTopmost() == topmost; }));
+        EXPECT_TRUE(Eventually([&] { return IsTopmost(sample.window) == topmost; }));
         Ask(sample.window, WM_NULL);
-        EXPECT_EQ(isTopmost(), topmost);
+        EXPECT_EQ(IsTopmost(sample.window), topmost);
     }
 }
 
@@ -45,9 +42,7 @@ TEST_F(HookTest, BringNoLibraryAlongThatNothingNeeds) {
     ASSERT_EQ(plain.program->Module(LibraryFile), nullptr);
     plain.program->Kill();
 
-    StartLoader();
-    const Sample hooked = OpenSample("Hooked");
-    ASSERT_TRUE(WindowsBecome(0, 1));
+    const Sample hooked = StartWithSample("Hooked");
     for (int id : {1, 0})
         Switch(id);
     ASSERT_TRUE(BecomesVisible(hooked.window));

@@ -103,9 +103,7 @@ TEST_F(LoaderTest, DoesSomeThingsByItself) {
 }
 
 TEST_F(LoaderTest, EndsWithTheSession) {
-    StartLoader();
-    const Sample sample = OpenSample("Hidden");
-    ASSERT_TRUE(WindowsBecome(0, 1));
+    const Sample sample = StartWithSample("Hidden");
     Switch(1);
     ASSERT_TRUE(BecomesHidden(sample.window));
     const HWND window = FindWindowA(published::LoaderClass, nullptr);

@@ -16,9 +16,7 @@ using ProtocolTest = DesktopTest;
 
 // Each road that README names brings a value into force that was changed by hand.
 TEST_F(ProtocolTest, ValuesChangedByHandReachRunningPrograms) {
-    StartLoader();
-    const Sample sample = OpenSample("Told");
-    ASSERT_TRUE(WindowsBecome(0, 1));
+    const Sample sample = StartWithSample("Told");
     const auto maximisesTo = [&](LONG width) {
         for (const WPARAM command : {SC_RESTORE, SC_MAXIMIZE})
             PostMessageA(sample.window, WM_SYSCOMMAND, command, 0);
@@ -82,9 +80,7 @@ TEST_F(ProtocolTest, TheServerWindowStandsBeforeTheHooksAndAfterThem) {
 
 // Neither over the same library nor over a copy of it, which has a shared block of its own.
 TEST_F(ProtocolTest, IsOfOneServerInASession) {
-    StartLoader();
-    const Sample sample = OpenSample("Served");
-    ASSERT_TRUE(WindowsBecome(0, 1));
+    const Sample sample = StartWithSample("Served");
     Switch(1);
     ASSERT_TRUE(BecomesHidden(sample.window));
     const HWND server = Server();

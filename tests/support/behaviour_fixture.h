@@ -23,9 +23,6 @@ protected:
     // Opens the sample program, or a copy of it, and waits until its window shows.
     Sample OpenFrame(const std::string& title, const std::string& switches = {},
                      const std::string& file = BinFolder() + sample::File);
-    static HWND OpenDialog(const Sample& frame, sample::Owner owner, POINT place) {
-        return reinterpret_cast<HWND>(Ask(frame.window, sample::OpenDialog, owner, MAKELONG(place.x, place.y)));
-    }
     // Ends the program as its user does, and waits for its end.
     static void Close(const Sample& sample);
 };

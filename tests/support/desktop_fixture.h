@@ -39,6 +39,13 @@ protected:
         return OpenProgram(BinFolder() + sample::File, "--inactive --title \"" + title + "\" " + switches, title);
     }
     Sample OpenNotepad();
+    // The loader and then a sample, whose window the server knows of.
+    Sample StartWithSample(const std::string& title) {
+        StartLoader();
+        const Sample sample = OpenSample(title);
+        EXPECT_TRUE(WindowsBecome(0, 1));
+        return sample;
+    }
     // Two of its popups, one shown and one not.
     static HWND OpenPopup(const Sample& sample, bool visible) {
         return reinterpret_cast<HWND>(Ask(sample.window, sample::OpenPopup, visible));

@@ -102,22 +102,10 @@ testing::AssertionResult OpenSystemMenu(HWND window) {
     return inFront ? EntersLoop(window, GUI_INMENUMODE) : inFront;
 }
 
-testing::AssertionResult CloseMenus(HWND window) {
-    // One for each menu that is open, and one for the bar.
-    TapKey("Escape Escape Escape Escape");
-    return LeavesLoop(window, GUI_INMENUMODE);
-}
-
 POINT CaptionOf(HWND window) {
     const RECT place = PlaceOf(window);
     return {(place.left + place.right) / 2,
             place.top + GetSystemMetrics(SM_CYSIZEFRAME) + GetSystemMetrics(SM_CYCAPTION) / 2};
-}
-
-POINT MaximiseButtonOf(HWND window) {
-    // The second of the buttons that stand at the right end of the caption.
-    return {PlaceOf(window).right - GetSystemMetrics(SM_CXSIZEFRAME) - GetSystemMetrics(SM_CXSIZE) * 3 / 2,
-            CaptionOf(window).y};
 }
 
 POINT MiddleOf(HWND window) {

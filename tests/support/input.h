@@ -31,13 +31,11 @@ testing::AssertionResult BringToFront(HWND window);
 testing::AssertionResult EntersLoop(HWND window, DWORD flag);
 testing::AssertionResult LeavesLoop(HWND window, DWORD flag);
 
-// Opens the window's system menu by keyboard, and closes it.
+// Opens the window's system menu by keyboard.
 testing::AssertionResult OpenSystemMenu(HWND window);
-testing::AssertionResult CloseMenus(HWND window);
 
 // Places on the frame of a window of the common style.
 POINT CaptionOf(HWND window);
-POINT MaximiseButtonOf(HWND window);
 POINT MiddleOf(HWND window);
 
 // Waits until the window stands at this place.
