@@ -59,9 +59,19 @@ until_true status_has "current desktop: 0" || fail "no way back: $(halyard --sta
 until_true eval 'xdotool search --onlyvisible --name "Wine System Tray" >/dev/null 2>&1' || fail "no icon in the notification area"
 import -window root build/package/tray.png
 
+# A program is kept out, and let in again.
+notepad='C:\windows\notepad.exe'
+halyard --exclude "$notepad"
+[ "$(halyard --excluded | tr -d '\r')" = "$notepad" ] || fail "kept out are: $(halyard --excluded)"
+wine "$notepad" &
+until_true eval 'xdotool search --onlyvisible --name Notepad >/dev/null 2>&1' || fail "the program doesn't come up"
+if status_has "inside: notepad.exe"; then fail "Halyard is in a program that it is kept out of"; fi
+wine taskkill /F /IM notepad.exe >/dev/null
+halyard --include "$notepad"
+
 # A program has its library when the new version comes.
 # The 64-bit one.
-wine 'C:\windows\notepad.exe' &
+wine "$notepad" &
 until_true status_has "inside: notepad.exe" || fail "the program hasn't the library inside: $(halyard --status)"
 
 setup "$version" || fail "the new version can't be installed: $?"
