@@ -52,7 +52,7 @@ std::vector<ListedProgram> Collect() {
 
 const char* StateOf(const ListedProgram& program) noexcept {
     if (!program.process) return "kept out";
-    return program.isExcluded ? "inside, kept out from its next start on" : "inside";
+    return program.isExcluded ? "kept out; if it ran before, from its next start on" : "inside";
 }
 
 const char* YesOrNo(bool value) noexcept {

@@ -72,11 +72,12 @@ void RememberOrder(DesktopId left, const SeenRow& windows) noexcept {
     order->front = order->windows.Has(front) ? front : 0;
 }
 
-// The sheet, or a dialog over it. Bars and the keeper have no caption.
+// The sheet, or a dialog over it. Bars and the keeper have no caption, and other windows of ours aren't shown.
 bool IsOwnDialog(WindowKey key) noexcept {
+    constexpr LONG Shown = WS_CAPTION | WS_VISIBLE;
     DWORD process = 0;
     GetWindowThreadProcessId(WindowOf(key), &process);
-    return process == GetCurrentProcessId() && (GetWindowLongA(WindowOf(key), GWL_STYLE) & WS_CAPTION) == WS_CAPTION;
+    return process == GetCurrentProcessId() && (GetWindowLongA(WindowOf(key), GWL_STYLE) & Shown) == Shown;
 }
 
 struct Plan {
