@@ -100,6 +100,23 @@ TEST(Variable, IsShownWithItsMembersOrNotAtAll) {
     }
 }
 
+TEST(Report, BeginsWithTheFaultAndTheSystem) {
+    const Fault fault = {0xC0000005,
+                         "ACCESS_VIOLATION",
+                         0x5000,
+                         {{1, 2, 3, 4, 5, 6, 7, 8, 9}, 0x5001, 0x23, 0x2B, 0x2C, 0x6B, 0x63, 0x2D, 0x202},
+                         {5, 1, 2600, "Service Pack 3"}};
+    ReportText report(0x1000);
+    WriteHead(MadeUpSource(), fault, report);
+    EXPECT_STREQ(
+        report.Text(),
+        "//=====================================================\r\nException code: C0000005 ACCESS_VIOLATION\r\n"
+        "Fault address:  00005000 00:00000000 \r\n\r\nRegisters:\r\n=========\r\nEAX:00000001\r\nEBX:00000002\r\n"
+        "ECX:00000003\r\nEDX:00000004\r\nESI:00000005\r\nEDI:00000006\r\nCS:EIP:0023:00005001\r\n"
+        "SS:ESP:002D:00000007  EBP:00000008\r\nDS:002B  ES:002C  FS:006B  GS:0063\r\nFlags:00000202\r\n\r\n"
+        "Operating System\r\n===============\r\nVersion : 5.1 (Build 2600)\r\nService Pack 3\r\n");
+}
+
 TEST(Report, OfADamagedProgramEndsInItsRoom) {
     static constexpr Symbol Many = {"many", 0, 1, 0, 7, Damaged, 4};
     ReportSource source = MadeUpSource();

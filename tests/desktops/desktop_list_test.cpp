@@ -54,31 +54,28 @@ TEST_F(DesktopListTest, KeepsTheOrderOfIdsAndGivesTheLowestFreeOne) {
     EXPECT_EQ("Default one", std::string(list.NameAt(0).Text()) + " " + list.NameAt(1).Text());
 }
 
-TEST_F(DesktopListTest, ComesBackAsItWasSavedInEitherHive) {
-    for (const HKEY hive : {HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE}) {
-        if (hive == HKEY_LOCAL_MACHINE) UseMachineHive();
-        list.Load();
-        list.Find(0)->wallpaper = "C:\\seen.bmp";
-        list.Add("Mail", 1);
-        list.Add(nullptr, 10);
-        Desktop& mail = *list.Find(1);
-        mail.name = "\u041F\u043E\u0447\u0442\u0430";
-        mail.wallpaper = "C:\\pictures\\\u6D77.bmp";
-        mail.wallpaperStyle = 2;
-        mail.colour = 0x123456;
-        // What has gone from the list, and what never belonged there.
-        MakeKey(Stored("5"), hive);
-        MakeKey(Stored("stray"), hive);
-        WriteNumber(AllStored, "value", 1, hive);
-        list.Save();
-        EXPECT_EQ((Names{"10\\", "1\\"}), NamesIn(AllStored, hive));
-        for (const DesktopId id : {1u, 10u})
-            EXPECT_EQ(Line(*list.Find(id)), LineAfterLoad(id));
-        list.Add("unsaved", 3);
-        list.Load();
-        EXPECT_EQ("0 1 10", Ids(list));
-        EXPECT_STREQ("C:\\seen.bmp", list.Find(0)->wallpaper.Text()) << "only in memory";
-    }
+TEST_F(DesktopListTest, ComesBackAsItWasSavedInTheChosenHive) {
+    UseMachineHive();
+    list.Find(0)->wallpaper = "C:\\seen.bmp";
+    list.Add("Mail", 1);
+    list.Add(nullptr, 10);
+    Desktop& mail = *list.Find(1);
+    mail.name = "\u041F\u043E\u0447\u0442\u0430";
+    mail.wallpaper = "C:\\pictures\\\u6D77.bmp";
+    mail.wallpaperStyle = 2;
+    mail.colour = 0x123456;
+    // What has gone from the list, and what never belonged there.
+    MakeKey(Stored("5"), HKEY_LOCAL_MACHINE);
+    MakeKey(Stored("stray"), HKEY_LOCAL_MACHINE);
+    WriteNumber(AllStored, "value", 1, HKEY_LOCAL_MACHINE);
+    list.Save();
+    EXPECT_EQ((Names{"10\\", "1\\"}), NamesIn(AllStored, HKEY_LOCAL_MACHINE));
+    for (const DesktopId id : {1u, 10u})
+        EXPECT_EQ(Line(*list.Find(id)), LineAfterLoad(id));
+    list.Add("unsaved", 3);
+    list.Load();
+    EXPECT_EQ("0 1 10", Ids(list));
+    EXPECT_STREQ("C:\\seen.bmp", list.Find(0)->wallpaper.Text()) << "only in memory";
 }
 
 TEST_F(DesktopListTest, TakesDefaultsForDamagedValues) {

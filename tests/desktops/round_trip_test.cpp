@@ -49,7 +49,7 @@ protected:
     void Raise(HWND window) {
         SetForegroundWindow(window);
         SetWindowPos(window, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
-        EXPECT_TRUE(Eventually([&] { return GetForegroundWindow() == window; })) << Describe(window);
+        EXPECT_TRUE(BecomesFront(window)) << Describe(window);
     }
     // Whether a key reaches the window's program. Of Notepad nobody can tell.
     static bool KeyReaches(HWND window) {
@@ -95,13 +95,7 @@ TEST_F(RoundTripTest, ComesBackInItsOrderWithItsFrontByHotkey) {
     }
 }
 
-class ElsewhereTest : public DesktopTest {
-protected:
-    static testing::AssertionResult IsInFront(HWND window) {
-        return Comes([&] { return GetForegroundWindow() == window; },
-                     [] { return "in front: " + Describe(GetForegroundWindow()); }, 3000);
-    }
-};
+using ElsewhereTest = DesktopTest;
 
 TEST_F(ElsewhereTest, WindowsComeOrTheirDesktopDoesWhenTheyAreActivated) {
     for (DWORD answer = 0; answer <= 2; ++answer) {
@@ -120,7 +114,7 @@ TEST_F(ElsewhereTest, WindowsComeOrTheirDesktopDoesWhenTheyAreActivated) {
         SetForegroundWindow(called.window);
         ShowWindowAsync(called.window, SW_RESTORE);
         EXPECT_TRUE(answer == 2 ? BecomesHidden(called.window) : BecomesVisible(called.window));
-        EXPECT_TRUE(IsInFront(answer == 2 ? here.window : called.window));
+        EXPECT_TRUE(BecomesFront(answer == 2 ? here.window : called.window));
         EXPECT_TRUE(answer == 0 ? BecomesHidden(here.window) : StaysVisible(here.window));
         EXPECT_EQ(Status("current desktop"), answer == 0 ? "0" : "1");
         QuitLoader();
@@ -141,16 +135,16 @@ TEST_F(ElsewhereTest, ModalDialogsAndTheirOwnersAreNeverApart) {
     EXPECT_TRUE(BecomesHidden(late));
     Switch(0);
     EXPECT_TRUE(BecomesVisible(late));
-    EXPECT_TRUE(IsInFront(late));
+    EXPECT_TRUE(BecomesFront(late));
     Assign(late, 2);
     Assign(owner.window, 2);
     EXPECT_TRUE(BecomesHidden(late));
-    EXPECT_TRUE(IsInFront(other.window)) << "the next";
+    EXPECT_TRUE(BecomesFront(other.window)) << "the next";
     // On a desktop without windows some window of the system has the keyboard.
     PostMessageA(other.window, WM_CLOSE, 0, 0);
     EXPECT_TRUE(Eventually([] { return Describe(GetForegroundWindow()).find("KeeperWnd") != std::string::npos; }));
     Switch(2);
-    EXPECT_TRUE(IsInFront(late));
+    EXPECT_TRUE(BecomesFront(late));
 }
 
 }  // namespace

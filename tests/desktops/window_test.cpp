@@ -132,7 +132,7 @@ TEST_F(WindowTest, OfTheDesktopsNameComeOnEachDisplayForAMoment) {
     ASSERT_TRUE(Eventually([&] { return signs().size() == 2; }));
     const std::vector<HWND> shown = signs();
     EXPECT_NE(MonitorFromWindow(shown[0], MONITOR_DEFAULTTONULL), MonitorFromWindow(shown[1], MONITOR_DEFAULTTONULL));
-    EXPECT_TRUE(Eventually([&] { return GetForegroundWindow() == sample.window; }));
+    EXPECT_TRUE(BecomesFront(sample.window));
     EXPECT_TRUE(Eventually([&] { return signs().empty(); }, 3000));
 }
 

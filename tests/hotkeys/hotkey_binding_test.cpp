@@ -26,6 +26,8 @@ TEST(HotkeyBinding, BackspaceAndDeleteAloneClear) {
             EXPECT_FALSE(ClearsBinding(binding));
     }
     EXPECT_FALSE(ClearsBinding({0, 0, 0, 0, 65}));
+    for (const DWORD nameless : {0, 35, 41, 65, 123, 136})
+        EXPECT_EQ(KeyNameId(nameless), 0u) << nameless;
 }
 
 }  // namespace

@@ -161,11 +161,11 @@ TEST_F(HotkeysTest, MoveTheWindowInFront) {
     EXPECT_TRUE(Eventually([&] { return PlaceOf(moved.window).left >= 1024; })) << Describe(moved.window);
     TapKey("ctrl+alt+m");
     EXPECT_TRUE(BecomesHidden(moved.window));
-    EXPECT_TRUE(Eventually([&] { return GetForegroundWindow() == left.window; })) << "the next";
+    EXPECT_TRUE(BecomesFront(left.window)) << "the next";
     EXPECT_TRUE(WindowsBecome(2, 1) && DesktopBecomes(0));
     TapKey("ctrl+alt+shift+m");
     EXPECT_TRUE(DesktopBecomes(2));
-    EXPECT_TRUE(Eventually([&] { return GetForegroundWindow() == left.window; })) << "what came along stays in front";
+    EXPECT_TRUE(BecomesFront(left.window)) << "what came along stays in front";
     EXPECT_TRUE(BecomesVisible(moved.window) && WindowsBecome(2, 2));
     OpenSheet(HotkeysTab);
     Press(IDOK);

@@ -6,32 +6,27 @@ namespace halyard::test {
 namespace {
 
 // Each of these runs on a system of its own, where the others would fail.
-class SystemVersion : public StoreTest {
-protected:
-    void Expect(bool ntFamily, bool windows2000) {
-        ReadSystemVersion(profile);
-        EXPECT_EQ(ntFamily, profile.isNtFamily);
-        EXPECT_EQ(windows2000, profile.isWindows2000);
-        EXPECT_FALSE(IsAlternativeBrand()) << "another way to the driver";
-    }
+struct SystemVersion : StoreTest {
+    SystemVersion() { ReadSystemVersion(profile); }
 };
 
 TEST_F(SystemVersion, Current) {
-    Expect(true, false);
+    EXPECT_TRUE(profile.isNtFamily && !profile.isWindows2000);
     EXPECT_TRUE(profile.enumDisplayMonitors && profile.getMonitorInfo && profile.monitorFromWindow &&
                 profile.monitorFromRect);
+    EXPECT_FALSE(IsAlternativeBrand()) << "another way to the driver";
 }
 
 TEST_F(SystemVersion, Windows_win2k) {
-    Expect(true, true);
+    EXPECT_TRUE(profile.isNtFamily && profile.isWindows2000);
 }
 
 TEST_F(SystemVersion, Windows_winxp) {
-    Expect(true, false);
+    EXPECT_TRUE(profile.isNtFamily && !profile.isWindows2000);
 }
 
 TEST_F(SystemVersion, Windows_win98) {
-    Expect(false, false);
+    EXPECT_FALSE(profile.isNtFamily || profile.isWindows2000);
     MakeKey(published::ProductKey, HKEY_LOCAL_MACHINE);
     WriteNumber(published::ProductKey, "DragTrans", 1);
     WriteNumber(published::ProductKey, "CtrlMax", 2);

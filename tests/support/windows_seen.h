@@ -69,6 +69,11 @@ inline bool IsTopmost(HWND window) {
     return (GetWindowLongA(window, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
 }
 
+inline testing::AssertionResult BecomesFront(HWND window) {
+    return Comes([&] { return GetForegroundWindow() == window; },
+                 [] { return "in front: " + Describe(GetForegroundWindow()); });
+}
+
 // Sends with a limit of time, in ms; -1 where the answer doesn't come.
 LRESULT Ask(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0, DWORD limit = WaitLimit);
 // What the control of another program shows.
