@@ -43,6 +43,7 @@ void OnTab() {
     const int count = static_cast<int>(tasks.size());
     chosen = (chosen + (back ? count - 1 : 1)) % count;
     RedrawWindow(switchWindow, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+    GdiFlush();  // onto the screen, from which programs copy it
 }
 
 // A row for each window, the chosen one's marked.
