@@ -89,7 +89,7 @@ LRESULT CALLBACK TrayHookProc(int code, WPARAM remove, LPARAM lParam) {
     case TM_WINDOW_AT: return Answer(WindowAt(TrayListWindow(), message.wParam), message);
     case TM_FIND_WINDOW: return Answer(FindInList(TrayListWindow(), static_cast<DWORD>(message.wParam)), message);
     }
-    // The windows of the taskbar's own thread are none that the system's other hooks look after.
+    // In a shell that is kept out by the user the system's other hooks don't do it.
     if (message.message == profile.settingMessage) settings.Load();
     if (IsArrival(message) && HasSecondaryTaskbar(message)) {
         message.message = WM_NULL;
