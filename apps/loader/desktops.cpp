@@ -15,10 +15,11 @@ std::string NameOf(const RegistryKey& desktops, unsigned id, const char* answer)
     return one.ReadString("").Text();
 }
 
+constexpr unsigned NameRoom = 1024;
+
 }  // namespace
 
 std::vector<NamedDesktop> DesktopsOf(const Library& library) {
-    constexpr unsigned NameRoom = 1024;
     std::vector<NamedDesktop> desktops;
     RegistryKey stored;
     OpenDesktopsKey(stored, KeyUse::Read);
@@ -27,6 +28,20 @@ std::vector<NamedDesktop> DesktopsOf(const Library& library) {
     for (unsigned index = 0; library.getDesktop(index, name, sizeof(name), &id); ++index)
         desktops.push_back({id, NameOf(stored, id, name)});
     return desktops;
+}
+
+NamedDesktop CurrentOf(const Library& library, unsigned& place) {
+    const unsigned current = CurrentDesktop(library);
+    char name[NameRoom] = {};
+    unsigned id = 0;
+    for (place = 1; library.getDesktop(place - 1, name, sizeof(name), &id); ++place) {
+        if (id != current) continue;
+        RegistryKey stored;
+        OpenDesktopsKey(stored, KeyUse::Read);
+        return {id, NameOf(stored, id, name)};
+    }
+    place = 1;
+    return {current, {}};
 }
 
 unsigned CurrentDesktop(const Library& library) noexcept {

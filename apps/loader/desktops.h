@@ -16,6 +16,9 @@ struct NamedDesktop {
 // In the order of the list, the default one first.
 std::vector<NamedDesktop> DesktopsOf(const Library& library);
 
+// The current one; `place` is its place in the list, from 1. Reads no more than its own name.
+NamedDesktop CurrentOf(const Library& library, unsigned& place);
+
 unsigned CurrentDesktop(const Library& library) noexcept;
 
 }  // namespace halyard::loader

@@ -12,8 +12,12 @@ constexpr char HintValue[] = "TaskbarsHintGiven";
 
 }  // namespace
 
+bool AreTaskbarsShown() noexcept {
+    return FindWindowA(TaskbarWindowClass, nullptr) != nullptr;
+}
+
 Taskbars StateOfTaskbars(const Library& library) noexcept {
-    if (FindWindowA(TaskbarWindowClass, nullptr)) return Taskbars::Shown;
+    if (AreTaskbarsShown()) return Taskbars::Shown;
     RegistryKey key;
     const bool wanted = library.isEnabled() && GetSystemMetrics(SM_CMONITORS) > 1 &&
                         key.Open(ChosenHive(), ProductKey, KEY_READ) && key.ReadBool("TaskbarsEnable", false);

@@ -10,6 +10,8 @@ enum class Taskbars {
     Shown,
     Closed  // by the menu of a bar, until the settings are read again
 };
+// Cheaper than the whole state.
+bool AreTaskbarsShown() noexcept;
 Taskbars StateOfTaskbars(const Library& library) noexcept;
 
 // True the first time that this user is to be told how closed bars come back.

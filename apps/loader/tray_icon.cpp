@@ -18,19 +18,6 @@ constexpr UINT IconId = 1;
 constexpr UINT UpdatePeriod = 500;  // ms
 constexpr int TipRoom = 64;
 
-// The place of the current desktop in the list, from 1.
-unsigned PlaceOfCurrent(const Library& library, std::string& name) {
-    const unsigned current = CurrentDesktop(library);
-    unsigned place = 0;
-    for (const NamedDesktop& desktop : DesktopsOf(library)) {
-        ++place;
-        if (desktop.id != current) continue;
-        name = desktop.name;
-        return place;
-    }
-    return 1;
-}
-
 // The library of the notification area has no wide form on the oldest systems.
 BOOL NotifyWide(DWORD action, NOTIFYICONDATAW& data, DWORD size) noexcept {
     const auto notify = EntryOf<decltype(&Shell_NotifyIconW)>(GetModuleHandleA("shell32.dll"), "Shell_NotifyIconW");
@@ -95,18 +82,12 @@ void TrayIcon::OnShellCame() noexcept {
     if (wanted) Update();
 }
 
-std::string TrayIcon::StateText() const {
-    if (!library->isEnabled()) return "Halyard is off";
-    std::string name;
-    const unsigned place = PlaceOfCurrent(*library, name);
-    return "Halyard: " + name + " (desktop " + std::to_string(place) + ")";
-}
-
 void TrayIcon::TellIfBarsWereClosed() noexcept {
-    const Taskbars bars = StateOfTaskbars(*library);
-    const bool closed = hadBars && bars == Taskbars::Closed;
-    hadBars = bars == Taskbars::Shown;
-    if (!closed || !isUp || !TakesWideText() || !TakeTaskbarsHint()) return;
+    const bool had = hadBars;
+    hadBars = AreTaskbarsShown();
+    if (!had || hadBars || StateOfTaskbars(*library) != Taskbars::Closed || !isUp || !TakesWideText() ||
+        !TakeTaskbarsHint())
+        return;
     NOTIFYICONDATAW data = {};
     data.hWnd = owner;
     data.uID = IconId;
@@ -119,11 +100,13 @@ void TrayIcon::TellIfBarsWereClosed() noexcept {
 
 void TrayIcon::Update() noexcept {
     TellIfBarsWereClosed();
-    std::string now = StateText();
+    unsigned place = 1;
+    const NamedDesktop current = CurrentOf(*library, place);
+    const bool on = library->isEnabled() != 0;
+    std::string now = on ? "Halyard: " + current.name + " (desktop " + std::to_string(place) + ")" : "Halyard is off";
     if (isUp && now == tip) return;
     tip = std::move(now);
-    std::string name;
-    icon = DrawIcon(PlaceOfCurrent(*library, name), library->isEnabled() != 0);
+    icon = DrawIcon(place, on);
     isUp = Notify(isUp ? NIM_MODIFY : NIM_ADD);
 }
 

@@ -27,7 +27,6 @@ public:
 private:
     bool Notify(DWORD action) noexcept;
     void TellIfBarsWereClosed() noexcept;
-    std::string StateText() const;
 
     HWND owner = nullptr;
     const Library* library = nullptr;

@@ -1,7 +1,5 @@
 #include "common/window_text.h"
 
-#include "common/wide_text_buffer.h"
-
 #include <cstring>
 
 namespace halyard {
@@ -13,16 +11,20 @@ void SetWindowTextOf(HWND window, const char* text) noexcept {
         SetWindowTextA(window, text);
 }
 
-TextBuffer WindowTextOf(HWND window) noexcept {
+WideTextBuffer WideWindowTextOf(HWND window) noexcept {
     constexpr int Room = 261;
-    if (TakesWideText()) {
-        wchar_t wide[Room] = {};
-        GetWindowTextW(window, wide, Room);
-        return Narrow(wide);
+    if (!TakesWideText()) {
+        char narrow[Room] = {};
+        GetWindowTextA(window, narrow, Room);
+        return WideTextBuffer(narrow);
     }
-    char text[Room] = {};
-    GetWindowTextA(window, text, Room);
-    return TextBuffer(text);
+    wchar_t title[Room] = {};
+    GetWindowTextW(window, title, Room);
+    return WideTextBuffer(title);
+}
+
+TextBuffer WindowTextOf(HWND window) noexcept {
+    return Narrow(WideWindowTextOf(window).Text());
 }
 
 void AppendMenuText(HMENU menu, UINT flags, UINT_PTR id, const char* text) noexcept {

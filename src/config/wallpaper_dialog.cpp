@@ -24,7 +24,8 @@ Choice& ChoiceOf(HWND dialog) noexcept {
     return *reinterpret_cast<Choice*>(GetWindowLongPtrA(dialog, DWLP_USER));
 }
 
-// In the order of WPSTYLE_.
+// Numbers and order of WPSTYLE_.
+enum Style : DWORD { Tiled = 1, Stretched = 2 };
 constexpr const char* Styles[] = {"Centered", "Tiled", "Stretched"};
 
 template <typename Character>
@@ -101,14 +102,14 @@ void DrawPicture(HDC target, const RECT& area, const Bitmap& picture, DWORD styl
     BITMAP info = {};
     if (!GetObjectA(picture.get(), sizeof(info), &info)) return;
     const int width = WidthOf(area), height = HeightOf(area);
-    const bool stretched = style == 2;
+    const bool stretched = style == Stretched;
     const int across = stretched ? width : MulDiv(info.bmWidth, width, GetSystemMetrics(SM_CXSCREEN));
     const int down = stretched ? height : MulDiv(info.bmHeight, height, GetSystemMetrics(SM_CYSCREEN));
     if (across <= 0 || down <= 0) return;
     const MemoryDc source(CreateCompatibleDC(target));
     const SelectedObject selected(source.get(), picture.get());
     SetStretchBltMode(target, COLORONCOLOR);
-    const bool tiled = style == 1;
+    const bool tiled = style == Tiled;
     const int left = area.left + (tiled ? 0 : (width - across) / 2), top = area.top + (tiled ? 0 : (height - down) / 2);
     for (int y = top; y < area.bottom; y += down)
         for (int x = left; x < area.right; x += across) {

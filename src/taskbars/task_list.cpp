@@ -1,5 +1,6 @@
 #include "taskbars/task_list.h"
 
+#include "common/window_text.h"
 #include "process/protocol.h"
 #include "process/shared_section.h"
 #include "settings/settings.h"
@@ -11,7 +12,6 @@
 #include "taskbars/shell/tray_hook.h"
 #include "taskbars/task_buttons.h"
 #include "taskbars/task_windows.h"
-#include "taskbars/window_title.h"
 
 #include <new>
 
@@ -79,7 +79,7 @@ TaskButton* AddButton(SecondaryTaskbar& bar, HWND window, bool onThisDisplay) no
     button->window = window;
     button->onThisDisplay = onThisDisplay;
     button->commandId = buttonIds.Take();
-    button->text = TitleOf(window);
+    button->text = WideWindowTextOf(window);
     bar.buttons.Add(button);
     InsertToolbarButton(bar, *button, place);
     GiveButtonIcon(window);
@@ -136,7 +136,7 @@ void OnWindowActivated(SecondaryTaskbar& bar, HWND window) noexcept {
 void OnWindowRedraw(SecondaryTaskbar& bar, HWND window) noexcept {
     TaskButton* button = FindButton(bar, window);
     if (!button) return;
-    WideTextBuffer title = TitleOf(window);
+    WideTextBuffer title = WideWindowTextOf(window);
     if (title.IsEmpty()) return;
     button->text = std::move(title);
     ShowButtonText(bar, *button);
@@ -171,7 +171,7 @@ bool OnWindowChanged(HWND window, bool apply) noexcept {
 }
 
 void OnWindowWishes(HWND window) noexcept {
-    if (!settings.TaskbarsShowAllTasks() || !IsWindow(window)) return;
+    if (!settings.TaskbarsShowAllTasks() || !WishesAttention(window)) return;
     for (unsigned index = 0; index < TaskbarCount(); ++index) {
         SecondaryTaskbar& bar = TaskbarAt(index);
         if (AddButton(bar, window, IsOnDisplay(bar, window))) FlashButton(bar, window);

@@ -1,5 +1,6 @@
 #include "taskbars/taskbar_menu.h"
 
+#include "common/window_text.h"
 #include "config/config_dialog.h"
 #include "process/profile.h"
 #include "resources/resource_ids.h"
@@ -49,21 +50,6 @@ void ToggleOnTop(SecondaryTaskbar& bar) noexcept {
     SetRaised(bar, false);
 }
 
-// A menu takes a single "&" for the mark of the next letter.
-void AppendTitle(HMENU menu, UINT id, const wchar_t* title) noexcept {
-    wchar_t text[2 * 261];
-    wchar_t* room = text;
-    for (; *title && room < text + 2 * 260; ++title) {
-        if (*title == L'&') *room++ = L'&';
-        *room++ = *title;
-    }
-    *room = 0;
-    if (profile.isNtFamily)
-        AppendMenuW(menu, MF_STRING, id, text);
-    else
-        AppendMenuA(menu, MF_STRING, id, Narrow(text).Text());
-}
-
 // Of the windows whose buttons don't fit. The chosen one comes to the front.
 void ShowOverflow(SecondaryTaskbar& bar) noexcept {
     const Menu menu(CreatePopupMenu());
@@ -71,7 +57,8 @@ void ShowOverflow(SecondaryTaskbar& bar) noexcept {
     for (const TaskButton* button : bar.buttons) {
         if (FitsOnBar(bar, *button)) continue;
         windows.Add(button->window);
-        AppendTitle(menu.get(), windows.Count(), button->text.Text());
+        const TextBuffer title = Narrow(button->text.Text());
+        AppendMenuText(menu.get(), MF_STRING, windows.Count(), WithoutMenuMarks(title.Text()).Text());
     }
     if (windows.Count() == 0) return;
     RECT place = {};
