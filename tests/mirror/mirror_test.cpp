@@ -12,8 +12,11 @@ protected:
         TaskbarTest::SetUp();
         Set("TaskbarsEnable", 0);
         Set("TaskswitchMirrorEnable", 1);
+        tray.Start(children);
+        for (const char* title : {"A", "B", "C"})
+            windows.push_back(OpenAt(title, {100, 100}).window);
+        StartLoader();
     }
-
     static HWND SwitchWindow() { return FindWindowA(reinterpret_cast<const char*>(32771), nullptr); }
     static std::vector<HWND> Mirrors() {
         std::vector<HWND> mirrors;
@@ -23,110 +26,74 @@ protected:
         return mirrors;
     }
     static bool MirrorsBecome(std::size_t count) {
-        return Eventually([&] { return Mirrors().size() == count; });
+        return Eventually([=] { return Mirrors().size() == count; });
     }
-    // Each mirror has the size of the original, stands in the middle of its display, and shows the same.
-    static void ExpectMirrored() {
-        HWND original = SwitchWindow();
-        ASSERT_NE(original, nullptr);
-        const RECT place = PlaceOf(original);
+    // Each mirror stands in the middle of its display, and shows the same as the original, whose picture is returned.
+    static std::vector<COLORREF> MirroredPicture() {
+        const RECT place = PlaceOf(SwitchWindow());
         for (HWND mirror : Mirrors()) {
             const RECT own = PlaceOf(mirror);
-            EXPECT_EQ(own.right - own.left, place.right - place.left);
-            EXPECT_EQ(own.bottom - own.top, place.bottom - place.top);
             MONITORINFO info = {};
             info.cbSize = sizeof(info);
             GetMonitorInfoA(MonitorFromWindow(mirror, MONITOR_DEFAULTTONEAREST), &info);
-            EXPECT_NEAR((own.left + own.right) / 2, (info.rcMonitor.left + info.rcMonitor.right) / 2, 1);
-            EXPECT_NEAR((own.top + own.bottom) / 2, (info.rcMonitor.top + info.rcMonitor.bottom) / 2, 1);
-            EXPECT_TRUE(Eventually([&] { return PixelsOf(PlaceOf(mirror)) == PixelsOf(PlaceOf(original)); }));
+            EXPECT_EQ(own.left - place.left, info.rcMonitor.left) << Describe(mirror);
+            EXPECT_EQ(own.top - place.top, info.rcMonitor.top) << Describe(mirror);
+            EXPECT_TRUE(Eventually([&] { return PixelsOf(own) == PixelsOf(place); })) << Describe(mirror);
         }
+        return PixelsOf(place);
     }
+    std::vector<HWND> windows;
 };
 
-// With that number of displays.
-class MirrorDisplaysTest : public MirrorTest, public testing::WithParamInterface<std::size_t> {};
-
-TEST_P(MirrorDisplaysTest, EachButThePrimaryOneShowsTheSwitchWhileAltIsHeld) {
-    std::vector<Display> displays = ThreeInARow();
-    if (GetParam() < 3) displays = SideBySide();
-    displays.resize(GetParam());
-    ASSERT_TRUE(Arrange(displays));
-    tray.Start(children);
-    OpenAt("A", {100, 100});
-    const Sample back = OpenAt("B", {200, 200});
-    OpenAt("C", {300, 300});
-    StartLoader();
+TEST_F(MirrorTest, EachOtherDisplayFollowsTheSwitchWhileAltIsHeld) {
+    ASSERT_TRUE(Arrange(ThreeInARow()));
     {
         const HeldKey alt("alt");
         TapKey("Tab");
-        EXPECT_TRUE(Eventually([] { return SwitchWindow() != nullptr; })) << "no task switch";
-        EXPECT_TRUE(MirrorsBecome(GetParam() - 1)) << Mirrors().size();
-        ExpectMirrored();
-    }
-    EXPECT_TRUE(MirrorsBecome(0)) << Mirrors().size();
-    EXPECT_TRUE(Eventually([] { return SwitchWindow() == nullptr; }));
-    EXPECT_TRUE(Eventually([&] { return GetForegroundWindow() == back.window; })) << Describe(GetForegroundWindow());
-}
-
-INSTANTIATE_TEST_SUITE_P(Displays, MirrorDisplaysTest, testing::Values(1, 2, 3));
-
-TEST_F(MirrorTest, FollowsEachStepForwardAndBack) {
-    tray.Start(children);
-    OpenAt("A", {100, 100});
-    OpenAt("B", {200, 200});
-    const Sample front = OpenAt("C", {300, 300});
-    StartLoader();
-    {
-        const HeldKey alt("alt");
-        TapKey("Tab");
-        ASSERT_TRUE(MirrorsBecome(1));
-        ExpectMirrored();
-        const std::vector<DWORD> first = PixelsOf(PlaceOf(SwitchWindow()));
+        ASSERT_TRUE(MirrorsBecome(2));
+        const std::vector<COLORREF> first = MirroredPicture();
         TapKey("Tab");
         EXPECT_TRUE(Eventually([&] { return PixelsOf(PlaceOf(SwitchWindow())) != first; }));
-        ExpectMirrored();
-        {
-            const HeldKey shift("shift");
-            TapKey("Tab");
-            EXPECT_TRUE(Eventually([&] { return PixelsOf(PlaceOf(SwitchWindow())) == first; }));
-            ExpectMirrored();
-        }
-        // Whoever else closes the original leaves the mirrors until Alt goes up, with nothing to paint.
-        PostMessageA(SwitchWindow(), WM_CLOSE, 0, 0);
-        ASSERT_TRUE(Eventually([] { return SwitchWindow() == nullptr; }));
-        for (HWND mirror : Mirrors())
-            RedrawWindow(mirror, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
-        EXPECT_GE(AskServer(WM_NULL), 0);
+        MirroredPicture();
+        const HeldKey shift("shift");
+        TapKey("Tab");
+        EXPECT_TRUE(Eventually([&] { return MirroredPicture() == first; }));
     }
     EXPECT_TRUE(MirrorsBecome(0));
-    EXPECT_TRUE(IsWindow(front.window));
+    EXPECT_TRUE(Eventually([&] { return GetForegroundWindow() == windows[1]; })) << Describe(GetForegroundWindow());
+}
+
+TEST_F(MirrorTest, ThePrimaryDisplayHasTheOriginalOnly) {
+    ASSERT_TRUE(Arrange({SideBySide()[0]}));
+    const HeldKey alt("alt");
+    TapKey("Tab");
+    EXPECT_TRUE(Eventually([] { return SwitchWindow() != nullptr; }));
+    EXPECT_GE(AskServer(WM_NULL), 0);
+    EXPECT_TRUE(Mirrors().empty());
 }
 
 TEST_F(MirrorTest, EndsWithItsSettingAndItsServer) {
-    tray.Start(children);
-    OpenAt("A", {100, 100});
-    const Sample front = OpenAt("B", {200, 200});
-    StartLoader();
     const auto isHeld = [] {
         if (!RegisterHotKey(nullptr, 1, MOD_ALT, VK_TAB)) return true;
         UnregisterHotKey(nullptr, 1);
         return false;
     };
-    EXPECT_TRUE(isHeld());
-    Apply("TaskswitchMirrorEnable", 0);
-    EXPECT_FALSE(isHeld());
-    Apply("TaskswitchMirrorEnable", 1);
-    EXPECT_TRUE(isHeld());
-    {
-        const HeldKey alt("alt");
-        TapKey("Tab");
-        ASSERT_TRUE(MirrorsBecome(1));
-        QuitLoader();
-        EXPECT_TRUE(MirrorsBecome(0));
-        EXPECT_FALSE(isHeld());
+    for (const bool on : {false, true}) {
+        Set("TaskswitchMirrorEnable", on);
+        AskServer(published::Restart, 1);
+        EXPECT_EQ(isHeld(), on);
     }
-    EXPECT_TRUE(IsWindow(front.window));
+    const HeldKey alt("alt");
+    TapKey("Tab");
+    ASSERT_TRUE(MirrorsBecome(1));
+    // Whoever else closes the original leaves the mirror, with nothing to paint.
+    PostMessageA(SwitchWindow(), WM_CLOSE, 0, 0);
+    ASSERT_TRUE(Eventually([] { return SwitchWindow() == nullptr; }));
+    RedrawWindow(Mirrors()[0], nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+    EXPECT_TRUE(MirrorsBecome(1));
+    QuitLoader();
+    EXPECT_TRUE(MirrorsBecome(0));
+    EXPECT_FALSE(isHeld());
 }
 
 }  // namespace

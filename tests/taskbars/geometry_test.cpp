@@ -4,8 +4,6 @@
 #include "taskbars/bar_geometry.h"
 #include "taskbars/button_ids.h"
 
-#include <algorithm>
-#include <cmath>
 #include <gtest/gtest.h>
 
 namespace halyard {
@@ -59,60 +57,45 @@ TEST(ConstrainSize, ComesToRowsOrWidthsThatFit) {
         BarShape shape = Shape(row.edge, 1);
         const bool vertical = IsVertical(row.edge);
         const RECT bar = BarRect(Display, shape, ClassicMetrics);
-        // The cursor took the bar somewhere, and drew it as much wider as is wanted.
-        const LONG wider = row.proposed - (vertical ? WidthOf(bar) : HeightOf(bar));
-        const LONG step = row.edge == LeftEdge || row.edge == TopEdge ? wider : -wider;
-        const RECT proposed = DraggedSize(bar, row.edge, {70, -80}, {70 + step, -80 + step});
-        const RECT size = ConstrainSize(proposed, Display, row.autohide, shape, row.metrics);
-        EXPECT_EQ(vertical ? WidthOf(size) : HeightOf(size), row.size) << row.edge << ' ' << row.proposed;
+        // The cursor took the bar somewhere, and drew its inner side until it had this size.
+        const auto drawn = [&](LONG size) {
+            const LONG wider = size - (vertical ? WidthOf(bar) : HeightOf(bar));
+            const LONG step = row.edge == LeftEdge || row.edge == TopEdge ? wider : -wider;
+            return DraggedSize(bar, row.edge, {70, -80}, {70 + step, -80 + step});
+        };
+        EXPECT_EQ(ConstrainSize(drawn(row.proposed), Display, row.autohide, shape, row.metrics), drawn(row.size));
         EXPECT_EQ(shape.rows, row.rows) << row.edge << ' ' << row.proposed;
         EXPECT_EQ(shape.verticalWidth, vertical ? row.size : 98);
-        // The outer side stays.
-        const LONG outer[] = {size.left - bar.left, size.top - bar.top, size.right - bar.right,
-                              size.bottom - bar.bottom};
-        EXPECT_EQ(outer[row.edge], 0) << row.edge << ' ' << row.proposed;
     }
 }
 
 TEST(SizingStrip, IsWhatIsLeftBesideTheRest) {
     constexpr RECT Bar = {100, 200, 160, 240};
-    constexpr std::pair<DWORD, RECT> Rests[] = {{LeftEdge, {100, 200, 156, 240}},
-                                                {TopEdge, {100, 200, 160, 236}},
-                                                {RightEdge, {104, 200, 160, 240}},
-                                                {BottomEdge, {100, 204, 160, 240}}};
-    for (const auto& [edge, rest] : Rests) {
-        EXPECT_EQ(LessSizingStrip(Bar, edge), rest) << edge;
-        for (LONG x = Bar.left; x < Bar.right; ++x)
-            for (LONG y = Bar.top; y < Bar.bottom; ++y) {
-                const bool inRest = x >= rest.left && x < rest.right && y >= rest.top && y < rest.bottom;
-                ASSERT_EQ(IsOnSizingStrip(Bar, edge, {x, y}), !inRest) << edge << " at " << x << "," << y;
-            }
+    const struct {
+        RECT rest;
+        POINT onStrip, beside;
+    } cases[] = {{{100, 200, 156, 240}, {156, 220}, {155, 220}},
+                 {{100, 200, 160, 236}, {130, 236}, {130, 235}},
+                 {{104, 200, 160, 240}, {103, 220}, {104, 220}},
+                 {{100, 204, 160, 240}, {130, 203}, {130, 204}}};
+    for (DWORD edge = LeftEdge; edge <= BottomEdge; ++edge) {
+        EXPECT_EQ(LessSizingStrip(Bar, edge), cases[edge].rest) << edge;
+        EXPECT_TRUE(IsOnSizingStrip(Bar, edge, cases[edge].onStrip)) << edge;
+        EXPECT_FALSE(IsOnSizingStrip(Bar, edge, cases[edge].beside)) << edge;
     }
 }
 
 TEST(EdgeAt, IsTheNearestEdgeByTheDiagonalsAndTheRightOneOnThem) {
-    for (const RECT& display :
-         {Display, RECT{0, 0, 1024, 768}, RECT{1024, 300, 2304, 1324}, RECT{-700, -2100, 380, -180}})
-        for (LONG y = display.top; y <= display.bottom; y += 8) {
-            for (LONG x = display.left; x <= display.right; x += 4) {
-                const double across = (x - display.left) / double(WidthOf(display));
-                const double down = (y - display.top) / double(HeightOf(display));
-                const double distances[] = {across, down, 1 - across, 1 - down};
-                const DWORD edge = EdgeAt(display, {x, y});
-                ASSERT_LE(edge, BottomEdge);
-                // On a diagonal two edges are as near.
-                if (std::abs(across - down) > 1e-6 && std::abs(across + down - 1) > 1e-6) {
-                    ASSERT_EQ(distances[edge], *std::min_element(distances, distances + 4)) << x << ',' << y;
-                }
-            }
-        }
+    // On a diagonal, and one pixel beside it; outside of the display.
     const struct {
         POINT point;
         DWORD edge;
-    } cases[] = {{{0, 768}, RightEdge},   {{512, 384}, RightEdge},   {{256, 576}, RightEdge}, {{768, 192}, RightEdge},
-                 {{-900, 384}, LeftEdge}, {{512, 5000}, BottomEdge}, {{512, -5}, TopEdge},    {{9999, 380}, RightEdge}};
-    for (const auto& row : cases)
-        EXPECT_EQ(EdgeAt({0, 0, 1024, 768}, row.point), row.edge) << row.point;
+    } cases[] = {{{400, 300}, RightEdge}, {{400, 299}, TopEdge},     {{400, 301}, LeftEdge},  {{400, 468}, RightEdge},
+                 {{400, 467}, LeftEdge},  {{400, 469}, BottomEdge},  {{768, 192}, RightEdge}, {{768, 191}, TopEdge},
+                 {{768, 576}, RightEdge}, {{768, 577}, BottomEdge},  {{0, 768}, RightEdge},   {{-900, 384}, LeftEdge},
+                 {{512, -5}, TopEdge},    {{512, 5000}, BottomEdge}, {{512, 384}, RightEdge}, {{9999, 380}, RightEdge}};
+    for (const auto& [point, edge] : cases)
+        EXPECT_EQ(EdgeAt({-700, -2100, 324, -1332}, {point.x - 700, point.y - 2100}), edge) << point;
 }
 
 TEST(SizeOfButtons, FillsTheBarWithinLimits) {

@@ -1,6 +1,6 @@
 // The bars beside a shell that is missing, hung, killed, or of another kind; and their end.
+#include "shell/record.h"
 #include "taskbars/taskbar_fixture.h"
-#include "taskbars/toolbar_reader.h"
 
 namespace halyard::test {
 
@@ -10,13 +10,15 @@ using ShellTest = TaskbarTest;
 
 constexpr POINT OnSecond = {1200, 100};
 
-TEST_F(ShellTest, ARestartedShellIsHookedAgain) {
+TEST_F(ShellTest, ARestartedShellLearnsOfABarAndIsHookedAgain) {
     const Sample one = OpenAt("One", OnSecond);
     StartAll();
     ASSERT_TRUE(PrimaryShows({}));
     tray.Kill();
     EXPECT_TRUE(Shows(2, {"One"}));
+    WriteText(standin::StandInKey, standin::BarValue, "");
     tray.Start(children);
+    EXPECT_TRUE(IsTold("3 edge 3 at 1024,740,2048,770"));
     // It may list what it finds, until the windows are looked through again.
     OpenAt("Two", {1400, 200});
     EXPECT_TRUE(Shows(2, {"One", "*Two"}));
@@ -27,23 +29,33 @@ TEST_F(ShellTest, ARestartedShellIsHookedAgain) {
     EXPECT_TRUE(Shows(2, {"*One", "Two"}));
     OpenAt("First", {100, 100});
     EXPECT_TRUE(PrimaryShows({"First"}));
+
+    // It tells the bar of programs that fill the screen.
+    SetWindowPos(one.window, HWND_TOP, 1024, 0, 1024, 768, 0);
+    for (const bool full : {true, false}) {
+        tray.SayThatScreenIsFull(full);
+        const auto front = [] { return GetAncestor(WindowFromPoint({1900, 755}), GA_ROOT); };
+        EXPECT_TRUE(Eventually([&] { return front() == (full ? one.window : BarOn(2)); })) << Describe(front());
+    }
 }
 
-TEST_F(ShellTest, AHungShellCostsOneWait) {
+TEST_F(ShellTest, AMissingOrHungShellCostsOneWait) {
     Set("TaskbarsShowAllTasks", 1);
-    for (const char* title : {"A", "B", "C", "D"})
-        OpenAt(title, OnSecond);
-    tray.Start(children);
-    ASSERT_TRUE(PrimaryShows({"A", "B", "C", "D"}) || tray.TabWindows().size() == 4);
+    OpenAt("Many", OnSecond, "--count 12");
+    const auto hasAll = [] { return ButtonsOn(2).size() == 12; };
     StartLoader();
-    ASSERT_TRUE(Eventually([] { return ButtonsOn(2).size() == 4; }));
+    EXPECT_TRUE(Eventually(hasAll)) << "without a shell";
+    EXPECT_EQ(AskServer(1192, 0x1234, 0), 0);
+    // Nobody's taskbar.
+    EXPECT_EQ(AskServer(1193, 0, 0x12345678), 0);
+    tray.Start(children);
     Loader("--disable");
-    tray.Hang(60000);
-    const DWORD start = GetTickCount();
+    WriteText(standin::StandInKey, standin::BarValue, "");
+    tray.Hang(8000);
     Loader("--enable");
-    EXPECT_TRUE(Eventually([] { return ButtonsOn(2).size() == 4; }, 15000)) << ButtonsOn(2).size();
-    EXPECT_LT(GetTickCount() - start, 12000U);
-    tray.Kill();
+    EXPECT_TRUE(Eventually(hasAll)) << ButtonsOn(2).size();
+    EXPECT_EQ(Told(), "") << "the windows are there before the shell answers again";
+    EXPECT_TRUE(IsTold("3 edge 3 at 1024,740,2048,770"));
 }
 
 TEST_F(ShellTest, WhatAHungShellMissedIsMadeUpFor) {
@@ -61,53 +73,46 @@ TEST_F(ShellTest, WhatAHungShellMissedIsMadeUpFor) {
     EXPECT_TRUE(Eventually(madeUp, 20000));
 }
 
-TEST_F(ShellTest, WithoutAShellThereAreBarsAllTheSame) {
-    Set("TaskbarsShowAllTasks", 1);
-    OpenAt("One", OnSecond);
-    StartLoader();
-    EXPECT_TRUE(Shows(2, {"One"}));
-    EXPECT_EQ(AskServer(1192, 0x1234, 0), 0);
-    // Nobody's taskbar.
-    EXPECT_EQ(AskServer(1193, 0, 0x12345678), 0);
-    EXPECT_TRUE(Shows(2, {"One"}));
-}
-
-TEST_F(ShellTest, TheEndGivesAllWindowsBack) {
+TEST_F(ShellTest, AllWindowsComeBackWhetherTheServerEndsOrIsKilled) {
+    tray.Start(children);
     const Sample one = OpenAt("One", OnSecond);
     OpenAt("Two", {1400, 300});
     OpenAt("First", {100, 100});
-    StartAll();
+    StartLoader("--no-guard");
+    const auto areBack = [&] { return tray.TabWindows().size() == 3; };
     ASSERT_TRUE(PrimaryShows({"First"}));
     Loader("--disable");
-    EXPECT_TRUE(LosesBar(2));
-    EXPECT_TRUE(Eventually([&] { return tray.TabWindows().size() == 3; })) << tray.TabWindows().size();
+    EXPECT_TRUE(BarBecomes(2, {}));
+    EXPECT_TRUE(Eventually(areBack)) << tray.TabWindows().size();
     Loader("--enable");
     EXPECT_TRUE(PrimaryShows({"First"}));
-    QuitLoader();
-    EXPECT_TRUE(Eventually([&] { return tray.TabWindows().size() == 3; })) << tray.TabWindows().size();
+    loader->Kill();
+    Set("TaskbarsEnable", 0);
+    StartLoader();
+    EXPECT_TRUE(Eventually(areBack)) << tray.TabWindows().size();
     EXPECT_TRUE(BringToFront(one.window));
     EXPECT_TRUE(Eventually([&] { return tray.Marked() == one.window; }));
 }
 
-// In a session that answers as that system; the shell's list is of the older kind.
+// In a session that answers as that system; the shell's list is of the older kind, and a separator stands after each
+// button of a bar.
 TEST_F(ShellTest, Windows2000) {
     Set("TaskbarsShowAllTasks", 1);
     tray.Start(children, "--tabs");
-    for (const char* title : {"A", "B", "C"})
-        OpenAt(title, OnSecond);
+    OpenAt("A", OnSecond);
+    const Sample second = OpenAt("B", OnSecond);
+    OpenAt("C", OnSecond);
     ASSERT_TRUE(PrimaryShows({"A", "B", "C"}));
     StartLoader();
-    EXPECT_TRUE(Shows(2, {"A", "B", "C"}));
-    const auto entries = ReadToolbar(FindWindowExA(BarOn(2), nullptr, "ToolbarWindow32", nullptr));
-    ASSERT_EQ(entries.size(), 6U);
-    for (std::size_t index = 0; index < entries.size(); index += 2) {
-        EXPECT_FALSE(entries[index].separator) << index;
-        EXPECT_TRUE(entries[index + 1].separator) << index;
-        EXPECT_EQ(entries[index + 1].command & 0xFFFF, entries[index].command | 0x8000) << index;
-    }
+    EXPECT_TRUE(Shows(2, {"A", "|", "B", "|", "C", "|"}));
     EXPECT_FALSE(GetWindowLongA(BarOn(2), GWL_STYLE) & WS_BORDER);
     OpenAt("D", OnSecond);
-    EXPECT_TRUE(Shows(2, {"A", "B", "C", "*D"}));
+    second.program->Kill();
+    EXPECT_TRUE(Shows(2, {"A", "|", "C", "|", "*D", "|"}));
+    // Every second pixel of the marked one is white.
+    const auto white = [](const char* title) { return Share(2, title, RGB(255, 255, 255)); };
+    EXPECT_TRUE(Eventually([&] { return white("D") >= 400 && white("D") <= 500; })) << white("D");
+    EXPECT_LT(white("A"), 100);
 }
 
 }  // namespace

@@ -1,39 +1,69 @@
 #include "taskbars/taskbar_fixture.h"
 
-#include "process/protocol.h"
-#include "taskbars/toolbar_reader.h"
+#include "shell/record.h"
+#include "support/picture.h"
 
 #include <algorithm>
+#include <functional>
+
+#include <commctrl.h>
 
 namespace halyard::test {
 
 namespace {
 
-constexpr char BarClass[] = "TevralHalyardTaskbar";
-
-std::string Joined(const Titles& titles) {
+struct Button {
     std::string text;
-    for (const std::string& title : titles)
-        text += "[" + title + "]";
-    return text.empty() ? "nothing" : text;
+    RECT place;  // on the screen
+};
+
+std::string Utf8(const wchar_t* text) {
+    char utf8[2048] = {};
+    WideCharToMultiByte(CP_UTF8, 0, text, -1, utf8, sizeof(utf8) - 1, nullptr, nullptr);
+    return utf8;
 }
 
-std::string TitleOf(HWND window) {
-    char title[256] = {};
-    GetWindowTextA(window, title, sizeof(title));
-    return title;
+// Reads the toolbar through memory in its process, to which its answers go, as screen readers do.
+std::vector<Button> ReadButtons(HWND bar) {
+    constexpr SIZE_T Room = 4096;
+    HWND toolbar = FindWindowExA(bar, nullptr, "ToolbarWindow32", nullptr);
+    DWORD id = 0;
+    GetWindowThreadProcessId(toolbar, &id);
+    const KernelHandle process(OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ, FALSE, id));
+    void* room = VirtualAllocEx(process.get(), nullptr, Room, MEM_COMMIT | MEM_RESERVE, PAGE_READWRITE);
+    const auto read = [&](UINT message, int which, auto& answer) {
+        Ask(toolbar, message, static_cast<WPARAM>(which), reinterpret_cast<LPARAM>(room));
+        ReadProcessMemory(process.get(), room, &answer, sizeof(answer), nullptr);
+    };
+    std::vector<Button> buttons;
+    const int count = bar && room ? static_cast<int>(Ask(toolbar, TB_BUTTONCOUNT)) : 0;
+    for (int index = 0; index < count; ++index) {
+        TBBUTTON entry = {};
+        wchar_t text[512] = {};
+        Button button = {"|", {}};
+        read(TB_GETBUTTON, index, entry);
+        read(TB_GETITEMRECT, index, button.place);
+        MapWindowPoints(toolbar, nullptr, reinterpret_cast<POINT*>(&button.place), 2);
+        if (!(entry.fsStyle & BTNS_SEP)) {
+            read(TB_GETBUTTONTEXTW, entry.idCommand, text);
+            button.text = entry.fsState & TBSTATE_MARKED ? "!" : entry.fsState & TBSTATE_CHECKED ? "*" : "";
+            button.text += Utf8(text);
+        }
+        buttons.push_back(button);
+    }
+    if (room) VirtualFreeEx(process.get(), room, 0, MEM_RELEASE);
+    return buttons;
 }
 
-template <typename See>
-testing::AssertionResult BecomesTitles(const Titles& wanted, See see) {
-    Titles seen;
-    const bool good = Eventually([&] { return (seen = see()) == wanted; });
-    if (good) return testing::AssertionSuccess();
-    return testing::AssertionFailure() << "seen " << Joined(seen) << ", wanted " << Joined(wanted);
+RECT ButtonRect(HWND bar, const std::string& text) {
+    for (const auto& [shown, place] : ReadButtons(bar))
+        if (shown.substr(shown.find_first_not_of("*!")) == text) return place;
+    ADD_FAILURE() << "no button \"" << text << "\"";
+    return {};
 }
 
-HWND ToolbarOf(HWND bar) {
-    return FindWindowExA(bar, nullptr, "ToolbarWindow32", nullptr);
+testing::AssertionResult BecomesTitles(const Titles& wanted, const std::function<Titles()>& see) {
+    return Comes([&] { return see() == wanted; }, [&] { return "seen: " + testing::PrintToString(see()); });
 }
 
 }  // namespace
@@ -45,58 +75,39 @@ void TaskbarTest::SetUp() {
     Set("TaskbarsEnable", 1);
 }
 
-void TaskbarTest::TearDown() {
-    DesktopTest::TearDown();
-    EXPECT_TRUE(Arrange(SideBySide()));
-}
-
-void TaskbarTest::StartAll(const std::string& traySwitches) {
-    tray.Start(children, traySwitches);
+void TaskbarTest::StartAll() {
+    tray.Start(children);
     StartLoader();
 }
 
-void TaskbarTest::Apply(const char* value, DWORD number) {
-    Set(value, number);
-    AskServer(published::Restart, 1);
-}
-
 Sample TaskbarTest::OpenAt(const std::string& title, POINT place, const std::string& switches) {
-    const Sample sample =
-        OpenSample(title, "--at " + std::to_string(place.x) + "," + std::to_string(place.y) + ",300,200 " + switches);
+    const Sample sample = OpenSample(title, Format("--at %ld,%ld,300,200 ", place.x, place.y) + switches);
     EXPECT_TRUE(BringToFront(sample.window));
     return sample;
 }
 
-RECT TaskbarTest::DisplayRect(unsigned display) {
-    const std::vector<Display> displays = PresentDisplays();
-    return display <= displays.size() ? displays[display - 1].whole : RECT{};
-}
-
 HWND TaskbarTest::BarOn(unsigned display) {
-    const RECT area = DisplayRect(display);
-    MONITORINFO info = {};
-    info.cbSize = sizeof(info);
-    for (HWND bar = nullptr; (bar = FindWindowExA(nullptr, bar, BarClass, nullptr)) != nullptr;)
-        if (GetMonitorInfoA(MonitorFromWindow(bar, MONITOR_DEFAULTTONEAREST), &info) &&
-            EqualRect(&info.rcMonitor, &area))
-            return bar;
-    return nullptr;
+    const std::vector<Display> displays = PresentDisplays();
+    if (display > displays.size()) return nullptr;
+    const HMONITOR monitor = MonitorFromRect(&displays[display - 1].whole, MONITOR_DEFAULTTONEAREST);
+    HWND bar = nullptr;
+    do
+        bar = FindWindowExA(nullptr, bar, "TevralHalyardTaskbar", nullptr);
+    while (bar && MonitorFromWindow(bar, MONITOR_DEFAULTTONEAREST) != monitor);
+    return bar;
 }
 
-testing::AssertionResult TaskbarTest::GetsBar(unsigned display) {
-    if (Eventually([&] { return BarOn(display) != nullptr; })) return testing::AssertionSuccess();
-    return testing::AssertionFailure() << "no bar comes on display " << display;
-}
-
-testing::AssertionResult TaskbarTest::LosesBar(unsigned display) {
-    if (Eventually([&] { return BarOn(display) == nullptr; })) return testing::AssertionSuccess();
-    return testing::AssertionFailure() << "the bar stays: " << Describe(BarOn(display));
+std::vector<unsigned> TaskbarTest::DisplaysWithBars() {
+    std::vector<unsigned> displays;
+    for (unsigned display = 1; display <= PresentDisplays().size(); ++display)
+        if (BarOn(display)) displays.push_back(display);
+    return displays;
 }
 
 Titles TaskbarTest::ButtonsOn(unsigned display) {
     Titles titles;
-    for (const ToolbarButton& button : ReadToolbar(ToolbarOf(BarOn(display))))
-        if (!button.separator) titles.push_back((button.checked ? "*" : "") + button.text);
+    for (const Button& button : ReadButtons(BarOn(display)))
+        titles.push_back(button.text);
     return titles;
 }
 
@@ -107,46 +118,55 @@ testing::AssertionResult TaskbarTest::Shows(unsigned display, const Titles& want
 testing::AssertionResult TaskbarTest::PrimaryShows(const Titles& wanted) const {
     return BecomesTitles(wanted, [this] {
         Titles titles;
-        for (HWND window : tray.TabWindows())
-            titles.push_back(TitleOf(window));
+        for (HWND window : tray.TabWindows()) {
+            char title[256] = {};
+            GetWindowTextA(window, title, sizeof(title));
+            titles.push_back(title);
+        }
         return titles;
     });
 }
 
+std::string TaskbarTest::Told() {
+    return TextOf(standin::StandInKey, standin::BarValue);
+}
+
+testing::AssertionResult TaskbarTest::IsTold(const char* wanted) {
+    return Comes([=] { return Told().starts_with(wanted); }, [] { return "told last: " + Told(); });
+}
+
 POINT TaskbarTest::ButtonPlace(unsigned display, const std::string& text) {
-    HWND toolbar = ToolbarOf(BarOn(display));
-    for (const ToolbarButton& button : ReadToolbar(toolbar)) {
-        if (button.text != text) continue;
-        POINT middle = {(button.place.left + button.place.right) / 2, (button.place.top + button.place.bottom) / 2};
-        ClientToScreen(toolbar, &middle);
-        return middle;
-    }
-    ADD_FAILURE() << "no button \"" << text << "\" among " << Joined(ButtonsOn(display));
-    return {};
+    const RECT place = ButtonRect(BarOn(display), text);
+    return {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
+}
+
+int TaskbarTest::Share(unsigned display, const std::string& text, COLORREF colour) {
+    const RECT place = ButtonRect(BarOn(display), text);
+    const std::vector<COLORREF> pixels = PixelsOf({place.left + 24, place.top + 3, place.right - 3, place.bottom - 3});
+    const auto count = std::count(pixels.begin(), pixels.end(), colour);
+    return static_cast<int>(count * 1000 / static_cast<int>(pixels.size()));
 }
 
 POINT TaskbarTest::EmptyPlace(unsigned display) {
     const RECT bar = PlaceOf(BarOn(display));
-    const RECT area = DisplayRect(display);
     // Two presses at one place, soon after each other, would be a double-click.
     static int aside = 5;
     aside = -aside;
-    return {std::min(bar.right, area.right) - 30 + aside, std::min(bar.bottom, area.bottom) - 12};
+    return {bar.right - 30 + aside, bar.bottom - 14};
 }
 
 testing::AssertionResult TaskbarTest::BarBecomes(unsigned display, const RECT& place) {
     // It may be made anew meanwhile.
-    const bool good = Eventually([&] {
+    const auto stands = [&] {
         const RECT seen = PlaceOf(BarOn(display));
         return EqualRect(&seen, &place) != FALSE;
-    });
-    return good ? testing::AssertionSuccess() : BecomesPlaced(BarOn(display), place);
+    };
+    return Comes(stands, [&] { return Describe(BarOn(display)); });
 }
 
 void TaskbarTest::Choose(unsigned display, int downs) {
-    const POINT place = EmptyPlace(display);
     HWND bar = BarOn(display);
-    RightClick(place);
+    RightClick(EmptyPlace(display));
     ASSERT_TRUE(EntersLoop(bar, GUI_INMENUMODE));
     for (int count = 0; count < downs; ++count)
         TapKey("Down");

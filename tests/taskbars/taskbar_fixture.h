@@ -14,35 +14,33 @@ using Titles = std::vector<std::string>;
 class TaskbarTest : public DesktopTest {
 protected:
     void SetUp() override;
-    void TearDown() override;
 
     static void Set(const char* value, DWORD number) { WriteNumber(published::ProductKey, value, number); }
     static DWORD Stored(const char* value) { return NumberOr(published::ProductKey, value, 0xDEAD); }
 
     // Shell first, then the loader.
-    void StartAll(const std::string& traySwitches = {});
-    // The settings as the dialog applies them.
-    static void Apply(const char* value, DWORD number);
-
+    void StartAll();
     // A sample with the place of its window; waits for it to have the foreground.
     Sample OpenAt(const std::string& title, POINT place, const std::string& switches = {});
 
-    static HWND SheetWindow() { return FindWindowA(nullptr, "Tevral Ombrel Windows Manager"); }
-
-    // Counted from 1 as the platform enumerates them.
-    static RECT DisplayRect(unsigned display);
-    // Null without one. A bar that is slid away or collapsed is on its display as well.
+    // Displays are counted from 1 as the platform enumerates them. Null without a bar; one that is slid away or
+    // collapsed is on its display as well.
     static HWND BarOn(unsigned display);
-    static testing::AssertionResult GetsBar(unsigned display);
-    static testing::AssertionResult LosesBar(unsigned display);
-
-    // The buttons' texts from left to right; the checked one with a "*" before it.
+    static std::vector<unsigned> DisplaysWithBars();
+    // The buttons' texts from left to right; the checked one with a "*" before it, one that flashes with a "!", a separator as "|".
     static Titles ButtonsOn(unsigned display);
     static testing::AssertionResult Shows(unsigned display, const Titles& wanted);
     // The same of the primary bar, without marks.
     testing::AssertionResult PrimaryShows(const Titles& wanted) const;
 
+    // What the shell was told last of any bar, but for questions.
+    static std::string Told();
+    // Waits for it to begin like this.
+    static testing::AssertionResult IsTold(const char* wanted);
+
     static POINT ButtonPlace(unsigned display, const std::string& text);
+    // How many of a thousand pixels beside the button's icon have that colour.
+    static int Share(unsigned display, const std::string& text, COLORREF colour);
     // A place on the bar without a button.
     static POINT EmptyPlace(unsigned display);
     static testing::AssertionResult BarBecomes(unsigned display, const RECT& place);
