@@ -1,7 +1,9 @@
 #include "autostart/autostart.h"
 
+#include "files/files.h"
+#include "settings/registry_key.h"
+
 #include <string>
-#include <windows.h>
 
 namespace halyard {
 
@@ -12,40 +14,26 @@ constexpr char ValueName[] = "Halyard";
 
 class RunValue {
 public:
-    explicit RunValue(HKEY hive, REGSAM access) noexcept {
-        if (RegOpenKeyExA(hive, RunKey, 0, access, &key) != ERROR_SUCCESS) key = nullptr;
-    }
-    RunValue(const RunValue&) = delete;
-    RunValue& operator=(const RunValue&) = delete;
-    ~RunValue() {
-        if (key) RegCloseKey(key);
-    }
+    RunValue(HKEY hive, REGSAM access) noexcept { key.Open(hive, RunKey, access); }
     bool Exists() const noexcept {
-        return key && RegQueryValueExA(key, ValueName, nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS;
+        return key && RegQueryValueExA(key.get(), ValueName, nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS;
     }
     bool Write(const std::string& text) const noexcept {
-        return key && RegSetValueExA(key, ValueName, 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()),
-                                     static_cast<DWORD>(text.size() + 1)) == ERROR_SUCCESS;
+        if (key) key.WriteString(ValueName, text.c_str());
+        return Exists();
     }
-    bool Delete() const noexcept { return key && RegDeleteValueA(key, ValueName) == ERROR_SUCCESS; }
+    bool Delete() const noexcept { return key && RegDeleteValueA(key.get(), ValueName) == ERROR_SUCCESS; }
 
 private:
-    HKEY key = nullptr;
+    RegistryKey key;
 };
-
-std::string FolderOf(const std::string& path) {
-    const std::size_t slash = path.rfind('\\');
-    return slash == std::string::npos ? std::string() : path.substr(0, slash);
-}
 
 // Installed, this program lies two folders below the launcher: in that of the version and of the bitness.
 std::string StartedProgram() {
-    char own[MAX_PATH + 1] = {};
-    GetModuleFileNameA(nullptr, own, MAX_PATH);
-    const std::string folder = FolderOf(own);
-    const std::string launcher = FolderOf(FolderOf(folder)) + "\\halyard.exe";
-    if (GetFileAttributesA(launcher.c_str()) != INVALID_FILE_ATTRIBUTES) return launcher;
-    return folder + "\\tvlhload.exe";
+    const std::string folder = OwnFolder();
+    const auto above = [](const std::string& path) { return path.substr(0, path.rfind('\\', path.size() - 2) + 1); };
+    const std::string launcher = above(above(folder)) + "halyard.exe";
+    return FileExists(launcher) ? launcher : folder + "tvlhload.exe";
 }
 
 }  // namespace

@@ -2,13 +2,13 @@
 // removes the folders of older versions, which couldn't go while programs still had their library mapped.
 //
 // Beside it stand folders named by a version, as in "0.2.0", with "x64" and "x86" in each.
-#include "common/handles.h"
+#include "common/wide_text_buffer.h"
+#include "files/files.h"
+#include "process/program_start.h"
 
 #include <algorithm>
 #include <cstdio>
-#include <cstring>
 #include <string>
-#include <windows.h>
 
 namespace halyard::launcher {
 
@@ -16,11 +16,15 @@ namespace {
 
 constexpr DWORD EndTimeout = 30000;  // ms that a loader with switches may take
 
-std::string OwnFolder() {
-    char path[MAX_PATH] = {};
-    GetModuleFileNameA(nullptr, path, MAX_PATH - 1);
-    const char* slash = std::strrchr(path, '\\');
-    return slash ? std::string(static_cast<const char*>(path), slash + 1) : std::string();
+// What stands after the program's own name in the command line, as it stands there.
+std::string Arguments(const char* narrow) {
+    if (!TakesWideText()) return narrow;
+    const wchar_t* at = GetCommandLineW();
+    for (bool isQuoted = false; *at && (isQuoted || *at != L' '); ++at)
+        isQuoted ^= *at == L'"';
+    while (*at == L' ')
+        ++at;
+    return Narrow(at).Text();
 }
 
 // The launcher is a 32-bit program. Systems that know no other kind lack the question.
@@ -43,28 +47,15 @@ struct Version {
     bool isOne = false;
 };
 
-// Calls `found(name, isFolder)` for all that lies in a folder.
-template <typename Found>
-void ForEachEntry(const std::string& folder, Found found) {
-    WIN32_FIND_DATAA data;
-    const HANDLE search = FindFirstFileA((folder + "*").c_str(), &data);
-    if (search == INVALID_HANDLE_VALUE) return;
-    do {
-        if (std::strcmp(data.cFileName, ".") != 0 && std::strcmp(data.cFileName, "..") != 0)
-            found(data.cFileName, (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0);
-    } while (FindNextFileA(search, &data));
-    FindClose(search);
-}
-
 // What is in use stays, and goes at a later start.
 void RemoveFolder(const std::string& folder, int depth) {
     ForEachEntry(folder, [&](const char* name, bool isFolder) {
         if (!isFolder)
-            DeleteFileA((folder + name).c_str());
+            RemoveFile(folder + name);
         else if (depth > 0)
             RemoveFolder(folder + name + "\\", depth - 1);
     });
-    RemoveDirectoryA(folder.c_str());
+    RemoveEmptyFolder(folder);
 }
 
 // The name of the newest version's folder; empty without any.
@@ -84,25 +75,21 @@ void RemoveOtherVersions(const std::string& root, const std::string& kept) {
     });
 }
 
-int Run(const char* arguments) {
+int Run(const std::string& arguments) {
     const std::string root = OwnFolder();
     const std::string version = NewestVersion(root);
     const std::string loader = root + version + "\\" + (IsSystem64Bit() ? "x64" : "x86") + "\\tvlhload.exe";
-    std::string line = "\"" + loader + "\" " + arguments;
-    STARTUPINFOA startup = {};
-    startup.cb = sizeof(startup);
-    PROCESS_INFORMATION started = {};
-    if (!CreateProcessA(loader.c_str(), line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup, &started)) {
+    const std::string line = "\"" + loader + "\" " + arguments;
+    const KernelHandle process = StartProgram(loader.c_str(), line.c_str(), Inherit::Handles);
+    if (!process) {
         MessageBoxA(nullptr, ("Halyard can't be started: " + loader + " is missing or damaged.").c_str(), "Halyard",
                     MB_ICONERROR);
         return 1;
     }
-    const KernelHandle process(started.hProcess);
-    const KernelHandle thread(started.hThread);
     RemoveOtherVersions(root, version);
     // A loader with switches ends by itself, unless it is the first and stays.
     DWORD status = 0;
-    if (*arguments && WaitForSingleObject(process.get(), EndTimeout) == WAIT_OBJECT_0)
+    if (!arguments.empty() && WaitForSingleObject(process.get(), EndTimeout) == WAIT_OBJECT_0)
         GetExitCodeProcess(process.get(), &status);
     return static_cast<int>(status);
 }
@@ -112,5 +99,5 @@ int Run(const char* arguments) {
 }  // namespace halyard::launcher
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, char* arguments, int) {
-    return halyard::launcher::Run(arguments);
+    return halyard::launcher::Run(halyard::launcher::Arguments(arguments));
 }

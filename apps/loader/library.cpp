@@ -1,6 +1,7 @@
 #include "loader/library.h"
 
-#include <cstring>
+#include "common/wide_text_buffer.h"
+#include "files/files.h"
 
 namespace halyard::loader {
 
@@ -15,13 +16,9 @@ bool Bind(HMODULE module, const char* name, Function& function) noexcept {
 }  // namespace
 
 bool BindLibrary(Library& library) noexcept {
-    constexpr char File[] = "tvlHalyd.dll";
-    char path[MAX_PATH + sizeof(File)] = {};
-    if (!GetModuleFileNameA(nullptr, path, MAX_PATH)) return false;
-    path[MAX_PATH - 1] = 0;
-    char* slash = std::strrchr(path, '\\');
-    std::memcpy(slash ? slash + 1 : path, File, sizeof(File));
-    const HMODULE module = LoadLibraryA(path);
+    const std::string path = OwnFolder() + "tvlHalyd.dll";
+    const HMODULE module =
+        TakesWideText() ? LoadLibraryW(WideTextBuffer(path.c_str()).Text()) : LoadLibraryA(path.c_str());
     return module && Bind(module, "ServerInit", library.serverInit) &&
            Bind(module, "ServerUninit", library.serverUninit) && Bind(module, "Enable", library.enable) &&
            Bind(module, "Disable", library.disable) && Bind(module, "IsEnabled", library.isEnabled) &&

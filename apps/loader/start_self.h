@@ -5,8 +5,7 @@
 
 namespace halyard::loader {
 
-// With the given switches, which begin with a space; `id` becomes the new process's. No handle is inherited: whoever
-// reads this program's output would wait for the end of the new one as well. Null on failure.
+// With the given switches, which begin with a space; `id` becomes the new process's. Null on failure.
 KernelHandle StartSelf(const char* switches, DWORD& id) noexcept;
 
 }  // namespace halyard::loader

@@ -4,10 +4,10 @@
 #include "common/handles.h"
 #include "common/wide_text_buffer.h"
 #include "common/window_text.h"
+#include "files/files.h"
 #include "loader/desktops.h"
 #include "loader/start_self.h"
 #include "loader/taskbars.h"
-#include "process/profile.h"
 #include "process/protocol.h"
 
 #include <shellapi.h>
@@ -90,8 +90,7 @@ void ShowPrograms() noexcept {
 
 // The pages lie beside the folders of the bitnesses. False where there are none, or nothing to show them.
 bool OpenGuide(HWND owner) {
-    const ModulePath own(nullptr);
-    const std::string page = std::string(own.text, own.FileName()) + "..\\guide\\index.html";
+    const std::string page = OwnFolder() + "..\\guide\\index.html";
     constexpr INT_PTR LastError = 32;  // of the numbers that the call gives in the place of a handle
     if (!TakesWideText())
         return reinterpret_cast<INT_PTR>(ShellExecuteA(owner, "open", page.c_str(), nullptr, nullptr, SW_SHOWNORMAL)) >
@@ -99,7 +98,7 @@ bool OpenGuide(HWND owner) {
     using ShellExecuteFn = decltype(&ShellExecuteW);
     const auto open = EntryOf<ShellExecuteFn>(GetModuleHandleA("shell32.dll"), "ShellExecuteW");
     const WideTextBuffer path(page.c_str());
-    return GetFileAttributesW(path.Text()) != INVALID_FILE_ATTRIBUTES && open &&
+    return FileExists(page) && open &&
            reinterpret_cast<INT_PTR>(open(owner, L"open", path.Text(), nullptr, nullptr, SW_SHOWNORMAL)) > LastError;
 }
 

@@ -1,8 +1,9 @@
 #include "wizard/choices.h"
 
 #include "autostart/autostart.h"
-#include "common/handles.h"
 #include "common/wide_text_buffer.h"
+#include "files/files.h"
+#include "process/program_start.h"
 #include "process/protocol.h"
 #include "settings/registry_key.h"
 #include "settings/store.h"
@@ -179,16 +180,8 @@ void StartSystem() {
         PostMessageA(server, HM_RESTART, 1, 0);
         return;
     }
-    char path[MAX_PATH + 1] = {};
-    GetModuleFileNameA(nullptr, path, MAX_PATH);
-    std::string line = path;
-    line = "\"" + line.substr(0, line.rfind('\\') + 1) + "tvlhload.exe\"";
-    STARTUPINFOA startup = {};
-    startup.cb = sizeof(startup);
-    PROCESS_INFORMATION started = {};
-    if (!CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &started)) return;
-    const KernelHandle process(started.hProcess);
-    const KernelHandle thread(started.hThread);
+    const std::string loader = OwnFolder() + "tvlhload.exe";
+    StartProgram(loader.c_str(), ('"' + loader + '"').c_str());
 }
 
 }  // namespace halyard::wizard

@@ -15,7 +15,7 @@ fail() {
     ls -R "$folder" >&2 || true
     exit 1
 }
-setup() { wine "build/package/$1/Halyard-$1-setup.exe" /S /CurrentUser; }
+setup() { wine "build/package/$1/Halyard-$1-setup.exe" /S /CurrentUser "${@:2}"; }
 value() { wine reg query "$1" /v "$2" 2>/dev/null | tr -d '\r' | sed -n "s/^ *$2 *REG_[A-Z]* *//p" || true; }
 halyard() { wine "$folder/halyard.exe" "$@"; }
 # until_true COMMAND...: within 20 s
@@ -28,14 +28,17 @@ until_true() {
 }
 is_running() { halyard --status | grep -q '^current desktop'; }
 
-folder=$(wine cmd /c 'echo %LOCALAPPDATA%' 2>/dev/null | tr -d '\r' | xargs -0 winepath -u | head -1)/Programs/Halyard
+# Letters that aren't in the ANSI code page, as users' names have them.
+export LC_ALL=C.UTF-8
+windowsFolder='C:\Программы\Halyard'
+folder=$WINEPREFIX/drive_c/Программы/Halyard
 
-setup "$old" || fail "the old version can't be installed: $?"
+setup "$old" "/D=$windowsFolder" || fail "the old version can't be installed: $?"
 for file in halyard.exe uninstall.exe "$old/x86/tvlHalyd.dll" "$old/x64/tvlHalyd.dll" "$old/guide/index.html"; do
     [ -f "$folder/$file" ] || fail "$file is missing"
 done
 [ "$(value "$uninstallKey" DisplayVersion)" = "$old" ] || fail "the list of programs shows another version"
-value "$runKey" Halyard | grep -q 'halyard.exe' || fail "it doesn't start with Windows"
+value "$runKey" Halyard | grep -qF "$windowsFolder\\halyard.exe" || fail "it doesn't start with Windows"
 
 # The new user's road: the first start brings the wizard, which the keyboard alone answers; then a hotkey switches.
 halyard &
@@ -116,7 +119,7 @@ uninstall() {
 uninstall
 [ -z "$(value "$uninstallKey" DisplayVersion)$(value "$runKey" Halyard)" ] || fail "registry values stay behind"
 [ -n "$(value "$productKey" Run)" ] || fail "the user's settings are gone"
-setup "$version"
+setup "$version" "/D=$windowsFolder"
 uninstall /RemoveSettings
 [ -z "$(value "$productKey" Run)" ] || fail "the settings stay although they were to go"
 echo "installed, upgraded, repaired, uninstalled"
