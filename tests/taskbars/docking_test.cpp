@@ -168,6 +168,7 @@ TEST_F(DockingTest, BarsFollowTheDisplaysAndThePrimaryBar) {
     arrange(ThreeInARow());
     EXPECT_TRUE(Eventually([] { return DisplaysWithBars().size() == 2; }));
     arrange(SideBySide());
+    EXPECT_TRUE(haveBars({2}));
     EXPECT_TRUE(BarBecomes(2, AtBottom));
 
     // Gone while it is being dragged, and back.
