@@ -128,8 +128,9 @@ TEST_F(CrashTest, DialogServesMouseAndKeyboard) {
     TapKey("Escape");
     const RECT link = PlaceOf(Item(LinkId));
     Click({link.left + 5, link.top + 5});
-    EXPECT_TRUE(Eventually([] { return standin::ReadNumber(standin::WizardRunsValue) == 1; })) << "no mail program";
-    const std::string opened = standin::ReadText(standin::WizardCommandLineValue);
+    EXPECT_TRUE(Eventually([] { return NumberOr(standin::StandInKey, standin::WizardRunsValue, 0) == 1; }))
+        << "no mail program";
+    const std::string opened = TextOf(standin::StandInKey, standin::WizardCommandLineValue);
     EXPECT_NE(opened.find("mailto:help@tevral.example?subject=Halyard%20Error%20Report"), opened.npos) << opened;
     EXPECT_TRUE(IsWindow(dialog)) << "Esc closed it";
 

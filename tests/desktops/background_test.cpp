@@ -15,8 +15,8 @@ class BackgroundTest : public DesktopTest {
 protected:
     // As the user does in the control panel.
     static void Choose(const Background& background) {
-        standin::WriteText("Wallpaper", background.first);
-        standin::WriteNumber(standin::WallpaperStyleValue, background.second);
+        WriteText(standin::StandInKey, "Wallpaper", background.first);
+        WriteNumber(standin::StandInKey, standin::WallpaperStyleValue, background.second);
     }
     static void Store(int desktop, const Background& background, COLORREF colour) {
         WriteText(DesktopKey(desktop), "Wallpaper", background.first);
@@ -25,7 +25,8 @@ protected:
     }
     // By the shell.
     static Background Shown() {
-        return {standin::ReadText("Wallpaper"), standin::ReadNumber(standin::WallpaperStyleValue)};
+        return {TextOf(standin::StandInKey, "Wallpaper"),
+                NumberOr(standin::StandInKey, standin::WallpaperStyleValue, 0)};
     }
     // In a fresh program, since running ones may keep a colour that they have asked for once.
     COLORREF Colour() { return children.Run("\"" + BinFolder() + sample::File + "\" --colour").status; }

@@ -2,7 +2,8 @@
 #include "shell/record.h"
 
 int main() {
-    standin::WriteText(standin::WizardCommandLineValue, GetCommandLineA());
-    standin::WriteNumber(standin::WizardRunsValue, standin::ReadNumber(standin::WizardRunsValue) + 1);
+    standin::WriteText(standin::StandInKey, standin::WizardCommandLineValue, GetCommandLineA());
+    standin::WriteNumber(standin::StandInKey, standin::WizardRunsValue,
+                         standin::NumberOr(standin::StandInKey, standin::WizardRunsValue, 0) + 1);
     return 0;
 }

@@ -21,7 +21,7 @@ TEST_F(FirstRunTest, StartsTheWizardOnce) {
     CopyTo(folder, "tvlhload.exe", "tvlhload.exe");
     CopyTo(folder, "tvlHalyd.dll", "tvlHalyd.dll");
     const auto due = [] { return NumberOr(published::ProductKey, "RunWizard", 99) == 0; };
-    const auto runs = [] { return standin::ReadNumber(standin::WizardRunsValue); };
+    const auto runs = [] { return NumberOr(standin::StandInKey, standin::WizardRunsValue, 0); };
     WriteNumber(published::ProductKey, "RunWizard", 0);
 
     StartLoader();
@@ -32,7 +32,7 @@ TEST_F(FirstRunTest, StartsTheWizardOnce) {
     CopyTo(folder, "sample_wizard.exe", "tvlhlwiz.exe");
     StartLoader();
     ASSERT_TRUE(Eventually([&] { return runs() == 1; }));
-    EXPECT_EQ(standin::ReadText(standin::WizardCommandLineValue), folder + "tvlhlwiz.exe /halyard");
+    EXPECT_EQ(TextOf(standin::StandInKey, standin::WizardCommandLineValue), folder + "tvlhlwiz.exe /halyard");
     EXPECT_FALSE(due());
     QuitLoader();
 

@@ -29,9 +29,9 @@ void OnRequest(DWORD message, const Request& request) {
     // It asks for the task bar's place.
     if (message == ABM_GETTASKBARPOS) return;
     const auto& [left, top, right, bottom] = request.place;
-    WriteText(BarValue, std::to_string(message) + " edge " + std::to_string(request.edge) + " at " +
-                            std::to_string(left) + "," + std::to_string(top) + "," + std::to_string(right) + "," +
-                            std::to_string(bottom));
+    WriteText(StandInKey, BarValue,
+              std::to_string(message) + " edge " + std::to_string(request.edge) + " at " + std::to_string(left) + "," +
+                  std::to_string(top) + "," + std::to_string(right) + "," + std::to_string(bottom));
     if (message == ABM_NEW) docked[request.window] = request.callback;
     if (message == ABM_REMOVE) docked.erase(request.window);
 }
