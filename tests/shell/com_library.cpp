@@ -1,8 +1,9 @@
 // The stand-in shell's objects as an in-process COM library, which stays mapped once it is: the one for wallpaper and
 // style, and the one by which programs take windows off the task bar.
 #include "shell/record.h"
-#include "shell/registrations.h"
 #include "shell/tray_protocol.h"
+
+#include <cstring>
 
 // The shell's header declares what it has for wallpaper only after this one.
 #include <wininet.h>
@@ -79,6 +80,40 @@ HRESULT STDMETHODCALLTYPE SetWallpaperOptions(const Object*, const WALLPAPEROPT*
     if (options->dwSize != sizeof(*options)) return E_INVALIDARG;
     chosenStyle = options->dwStyle;
     return S_OK;
+}
+
+// Who wants to hear of shell events. Wine takes a registration (shell32.dll, ordinal 181), answers that it is done, and
+// keeps nothing.
+constexpr WORD RegisterOrdinal = 181;
+constexpr DWORD AddTaskManager = 3;  // the one kind of registration that brings events on the NT family
+
+BOOL WINAPI OnRegister(HWND window, DWORD kind) {
+    if (window && kind == AddTaskManager) SetPropA(window, ListenerProperty, FindWindowA(TrayClass, nullptr));
+    return TRUE;
+}
+
+#pragma pack(push, 1)
+// Machine code for either bitness: the prefix that makes the load one of 64 bits is "dec eax" in 32-bit code.
+struct Jump {
+    BYTE load[2] = {0x48, 0xB8};  // mov rax, target
+    BOOL(WINAPI* target)(HWND, DWORD) = OnRegister;
+    BYTE go[2] = {0xFF, 0xE0};  // jmp rax
+};
+#pragma pack(pop)
+
+// From here on the calls in this process leave a mark on the registered window: the property `ListenerProperty`, whose
+// value is the window of the shell that ran then. So a registration ends with its window, and with that shell.
+void KeepRegistrations() {
+    HMODULE pinned = nullptr;
+    GetModuleHandleExA(GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
+                       reinterpret_cast<LPCSTR>(OnRegister), &pinned);
+    void* entry = reinterpret_cast<void*>(
+        GetProcAddress(LoadLibraryA("shell32.dll"), reinterpret_cast<LPCSTR>(ULONG_PTR{RegisterOrdinal})));
+    constexpr Jump Written;
+    DWORD before = 0;
+    VirtualProtect(entry, sizeof(Jump), PAGE_EXECUTE_READWRITE, &before);
+    std::memcpy(entry, &Written, sizeof(Jump));
+    VirtualProtect(entry, sizeof(Jump), before, &before);
 }
 
 HRESULT STDMETHODCALLTYPE StartTaskList(const Object*) {

@@ -1,12 +1,14 @@
-#include "shell/primary_bar.h"
-
+// The shell's own task bar: the windows by which other programs find its control with the tabs, what it does with shell
+// events, and whom it tells of them.
 #include "shell/app_bars.h"
 #include "shell/switcher.h"
 #include "shell/task_windows.h"
 #include "shell/tray_protocol.h"
 
 #include <algorithm>
+#include <map>
 
+#include <commctrl.h>
 #include <shellapi.h>
 
 namespace standin {
@@ -16,6 +18,46 @@ namespace {
 constexpr UINT LookPeriod = 50;  // ms
 constexpr UINT_PTR LookTimer = 1;
 constexpr int Thickness = 30, Border = 3;
+constexpr int IconSize = 16, ButtonWidth = 160, ButtonHeight = 22;
+
+// Whoever reads the newer kind of the control from outside finds this by the number of a button, and relies on the
+// first word alone.
+struct Tab {
+    DWORD handle;
+    HICON icon;
+    HWND Window() const { return static_cast<HWND>(ULongToHandle(handle)); }
+};
+
+class PrimaryBar {
+public:
+    // At the bottom of the first display. The control is of the kind that the platform's shell has on newer systems or
+    // on older ones, as other programs read it in place.
+    explicit PrimaryBar(bool isOlder);
+    PrimaryBar(const PrimaryBar&) = delete;
+
+private:
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
+    void Place(int display, UINT edge) const;
+    void LookAtWindows();
+    // To every window that has registered with this shell, and to the bar itself: its own list changes when its copy
+    // comes out of the queue, unless somebody has taken it out before.
+    void Say(WPARAM event, HWND task) const;
+    void OnShellEvent(WPARAM event, HWND task);
+    void Add(HWND task);
+    void Remove(HWND task);
+    void ShowTabs() const;
+
+    const bool older;
+    const UINT shellHook;
+    const HWND window, rebar, tasks, control;
+    const HIMAGELIST images;
+    std::vector<Tab> tabs;
+    HWND marked = nullptr;
+    // As the last look found it: the windows with their titles, and the one in front.
+    std::map<HWND, std::string> known;
+    HWND active = nullptr;
+};
 
 HWND MakeWindow(const char* name, WNDPROC procedure, HWND parent) {
     WNDCLASSA windowClass = {};
@@ -48,12 +90,21 @@ BOOL CALLBACK TellListener(HWND window, LPARAM lParam) {
     return TRUE;
 }
 
-}  // namespace
+DWORD ControlStyle(bool older) {
+    return older ? TCS_BUTTONS : CCS_NORESIZE | CCS_NODIVIDER | CCS_NOPARENTALIGN | TBSTYLE_LIST;
+}
 
-PrimaryBar::PrimaryBar(bool older)
-    : shellHook(RegisterWindowMessageA("SHELLHOOK")), window(MakeWindow(TrayClass, Procedure, nullptr)),
+PrimaryBar::PrimaryBar(bool isOlder)
+    : older(isOlder), shellHook(RegisterWindowMessageA("SHELLHOOK")), window(MakeWindow(TrayClass, Procedure, nullptr)),
       rebar(MakeWindow("ReBarWindow32", DefWindowProcA, window)),
-      tasks(MakeWindow("MSTaskSwWClass", DefWindowProcA, rebar)), control(tasks, older) {
+      tasks(MakeWindow("MSTaskSwWClass", DefWindowProcA, rebar)),
+      control(CreateWindowA(older ? WC_TABCONTROLA : TOOLBARCLASSNAMEA, "", WS_CHILD | WS_VISIBLE | ControlStyle(older),
+                            0, 0, 0, 0, tasks, nullptr, nullptr, nullptr)),
+      images(ImageList_Create(IconSize, IconSize, ILC_COLOR32 | ILC_MASK, 8, 8)) {
+    if (!older) {
+        SendMessageA(control, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
+        SendMessageA(control, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(images));
+    }
     SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     Place(1, ABE_BOTTOM);
     ShowWindow(window, SW_SHOWNA);
@@ -94,7 +145,7 @@ void PrimaryBar::Place(int display, UINT edge) const {
     SetWindowPos(window, HWND_TOPMOST, area.left, edge == ABE_TOP ? area.top : area.bottom - Thickness, width,
                  Thickness, SWP_NOACTIVATE);
     MoveWindow(rebar, Border, Border, width - 2 * Border, Thickness - 2 * Border, TRUE);
-    for (const HWND inner : {tasks, control.Window()})
+    for (const HWND inner : {tasks, control})
         MoveWindow(inner, 0, 0, width - 2 * Border, Thickness - 2 * Border, TRUE);
 }
 
@@ -137,7 +188,7 @@ void PrimaryBar::OnShellEvent(WPARAM event, HWND task) {
         Add(task);
         marked = task;
         break;
-    case HSHELL_REDRAW: control.Show(tabs); break;
+    case HSHELL_REDRAW: ShowTabs(); break;
     }
 }
 
@@ -146,13 +197,39 @@ void PrimaryBar::Add(HWND task) {
     const auto isTask = [=](const Tab& tab) { return tab.Window() == task; };
     if (!icon || std::any_of(tabs.begin(), tabs.end(), isTask)) return;
     tabs.push_back({static_cast<DWORD>(HandleToULong(task)), icon});
-    control.Show(tabs);
+    ShowTabs();
 }
 
 void PrimaryBar::Remove(HWND task) {
     std::erase_if(tabs, [=](const Tab& tab) { return tab.Window() == task; });
-    control.Show(tabs);
+    ShowTabs();
 }
+
+void PrimaryBar::ShowTabs() const {
+    while (SendMessageA(control, older ? TCM_DELETEITEM : TB_DELETEBUTTON, 0, 0)) {
+    }
+    ImageList_RemoveAll(images);
+    for (const Tab& tab : tabs) {
+        std::string title = TitleOf(tab.Window());
+        if (older) {
+            TCITEMA item = {};
+            item.mask = TCIF_PARAM | TCIF_TEXT;
+            item.pszText = title.data();
+            item.lParam = static_cast<LPARAM>(tab.handle);
+            SendMessageA(control, TCM_INSERTITEMA, tabs.size(), reinterpret_cast<LPARAM>(&item));
+            continue;
+        }
+        TBBUTTON button = {};
+        button.iBitmap = ImageList_ReplaceIcon(images, -1, tab.icon);
+        button.fsState = TBSTATE_ENABLED;
+        button.dwData = reinterpret_cast<DWORD_PTR>(&tab);
+        button.iString = reinterpret_cast<INT_PTR>(title.c_str());
+        SendMessageA(control, TB_ADDBUTTONSA, 1, reinterpret_cast<LPARAM>(&button));
+    }
+    if (!older) SendMessageA(control, TB_SETBUTTONSIZE, 0, MAKELPARAM(ButtonWidth, ButtonHeight));
+}
+
+}  // namespace
 
 }  // namespace standin
 
