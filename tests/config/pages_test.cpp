@@ -53,8 +53,6 @@ TEST_F(PagesTest, ChoicesReachStoreProgramsAndTheNextSheet) {
           "DragTransPerCent", "TaskbarsEnable", "TaskbarsShowAllTasks", "TaskswitchMirrorEnable"})
         written += std::to_string(stored(value));
     EXPECT_EQ(written, "01113211111");
-    QuitLoader();
-    StartLoader();
     OpenSheet(WindowsTab);
     for (const int box : Boxes)
         EXPECT_EQ(Ask(Control(box), BM_GETCHECK), box == IDC_SYSTEM_MENU ? BST_UNCHECKED : BST_CHECKED) << box;

@@ -64,17 +64,9 @@ TEST_F(HotkeysTest, AreSetShownStoredAndClear) {
     EXPECT_EQ(StoredBinding("3"), Binding('A', 1, 0, 0));
     EXPECT_EQ(StoredBinding("1073741826"), Binding(VK_F2, 0, 1, 0, 1));
     EXPECT_EQ(StoredBinding("6")[4], 0);
-
-    // Set but not applied, a combination is dropped by Cancel.
-    Set(DesktopOneRow, "ctrl+F9", "Ctrl + F9");
-    Press(IDCANCEL);
-    EXPECT_EQ(StoredBinding("1073741825")[4], 0);
-    OpenSheet(HotkeysTab);
-    SelectRow(IDC_HOTKEY_LIST, DesktopOneRow);
-    EXPECT_EQ(TextOf(Control(IDC_HOTKEY_BOX)), "");
 }
 
-// They rest while their page shows.
+// They rest while their page shows. What is set but not applied is dropped by Cancel.
 TEST_F(HotkeysTest, RunTheirActionsWhileAnotherProgramHasTheFocus) {
     const std::pair<const char*, int> bindings[] = {{"1", VK_F9}, {"2", VK_F2}, {"3", VK_F3},         {"4", VK_F4},
                                                     {"5", VK_F5}, {"6", VK_F6}, {"1073741826", VK_F7}};
@@ -91,6 +83,7 @@ TEST_F(HotkeysTest, RunTheirActionsWhileAnotherProgramHasTheFocus) {
     TapKey("ctrl+shift+F4");
     EXPECT_TRUE(DesktopBecomes(1));
     OpenSheet(HotkeysTab);
+    Set(DefaultRow, "Delete", "None");
     Press(IDCANCEL);
     const Sample typed = OpenFrame("Typed into", "--at 200,100,500,450");
     ASSERT_TRUE(WindowsBecome(1, 1));
