@@ -38,7 +38,7 @@ protected:
         return BytesOf(BindingKey, action.c_str()).substr(0, 5);
     }
     static const std::string BindingKey;
-    testing::AssertionResult DesktopBecomes(int id);
+    bool DesktopBecomes(int id);
 };
 
 }  // namespace halyard::test

@@ -27,13 +27,11 @@ int FaultWithProbe(int kind) {
     volatile Probe probe = {0x11223344, 0x5566, 0x77};
     const char* volatile text = "a text of more than thirty-one characters";
     int* volatile nowhere = reinterpret_cast<int*>(0x10);
-    volatile int zero = 0;
     switch (kind) {
     case Execute: return reinterpret_cast<int (*)()>(instructions)();
-    case Divide: return globalProbe / zero;
     case StackOverflow: return Overflow(0);
     }
-    return FaultDeep(nowhere) + probe.first + *text;
+    return FaultDeep(nowhere) + probe.first + globalProbe + *text;
 }
 
 }  // namespace

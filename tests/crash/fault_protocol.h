@@ -11,7 +11,7 @@ inline constexpr char FaultTitle[] = "Faulting sample";
 
 // What faults is the library, but for the last. The two before it are deep ones too: the debug-help library never
 // answers, or the thread holds the loader's lock.
-enum FaultKind : int { Deep, Execute, Divide, StackOverflow, SymbolsHang, LoaderLocked, ProgramsOwn };
+enum FaultKind : int { Deep, Execute, StackOverflow, SymbolsHang, LoaderLocked, ProgramsOwn };
 
 // Faults with a place that can't be read, while a register (EBX, RBX) holds that number.
 int FaultDeep(const int* place);

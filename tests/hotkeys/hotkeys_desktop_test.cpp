@@ -3,7 +3,6 @@
 #include "support/picture.h"
 
 #include <commctrl.h>
-#include <functional>
 
 namespace halyard::test {
 
@@ -29,18 +28,11 @@ protected:
         ASSERT_TRUE(Becomes(IDC_HOTKEY_BOX, true));
         if (!inList) Focus(IDC_HOTKEY_BOX);
         TapKey(keys);
-        EXPECT_TRUE(Eventually([&] { return TextOf(Control(IDC_HOTKEY_BOX)) == shown; }))
-            << TextOf(Control(IDC_HOTKEY_BOX));
+        EXPECT_TRUE(Eventually([&] { return TextOf(Control(IDC_HOTKEY_BOX)) == shown; }));
         ASSERT_TRUE(Becomes(IDC_SET_HOTKEY, !*reason));
         EXPECT_TRUE(BecomesText(IDC_HOTKEY_HINT, reason));
         EXPECT_EQ(Ask(Control(IDC_HOTKEY_LIST), LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED), row);
-        if (*reason) return;
-        ClickControl(IDC_SET_HOTKEY);
-        // The click is through when the button has the focus and has let go of the mouse.
-        EXPECT_TRUE(Eventually([&] {
-            const GUITHREADINFO thread = ThreadOf(SheetWindow());
-            return thread.hwndFocus == Control(IDC_SET_HOTKEY) && !thread.hwndCapture;
-        }));
+        if (!*reason) ClickControl(IDC_SET_HOTKEY);
     }
 };
 
@@ -72,48 +64,29 @@ TEST_F(HotkeysTest, AreSetShownStoredAndClear) {
     EXPECT_EQ(StoredBinding("3"), Binding('A', 1, 0, 0));
     EXPECT_EQ(StoredBinding("1073741826"), Binding(VK_F2, 0, 1, 0, 1));
     EXPECT_EQ(StoredBinding("6")[4], 0);
-
-    // Set but not applied, a combination is dropped by Cancel.
-    Set(DesktopOneRow, "ctrl+F9", "Ctrl + F9");
-    Press(IDCANCEL);
-    EXPECT_EQ(StoredBinding("1073741825")[4], 0);
-    OpenSheet(HotkeysTab);
-    SelectRow(IDC_HOTKEY_LIST, DesktopOneRow);
-    EXPECT_EQ(TextOf(Control(IDC_HOTKEY_BOX)), "");
 }
 
-TEST_F(HotkeysTest, RestWhileTheirPageShowsAndWorkAfterIt) {
-    StoreBinding("4", Binding(VK_F4));
-    StartLoader();
-    const std::function<void()> roads[] = {[&] { OpenSheet(WindowsTab); }, [&] { Press(IDCANCEL); },
-                                           [&] { Press(IDOK); }};
-    for (const auto& leave : roads) {
-        OpenSheet(HotkeysTab);
-        SelectRow(IDC_HOTKEY_LIST, OpenDialogRow);
-        Set(FindCursorRow, "ctrl+shift+F4", "Ctrl + Shift + F4", "Next desktop");
-        Loader("--disable --enable");
-        Set(DefaultRow, "Delete", "None");
-        Press(ApplyButton);
-        Set(FindCursorRow, "ctrl+shift+F4", "Ctrl + Shift + F4", "Next desktop");
-        EXPECT_TRUE(DesktopBecomes(0));
-        leave();
-        if (!SheetWindow()) {
-            ASSERT_TRUE(BringToFront(OpenFrame("Typed into").window));
-        }
-        TapKey("ctrl+shift+F4");
-        EXPECT_TRUE(DesktopBecomes(1));
-        Switch(0);
-    }
-}
-
+// They rest while their page shows. What is set but not applied is dropped by Cancel.
 TEST_F(HotkeysTest, RunTheirActionsWhileAnotherProgramHasTheFocus) {
     const std::pair<const char*, int> bindings[] = {{"1", VK_F9}, {"2", VK_F2}, {"3", VK_F3},         {"4", VK_F4},
                                                     {"5", VK_F5}, {"6", VK_F6}, {"1073741826", VK_F7}};
     for (const auto& [action, key] : bindings)
         StoreBinding(action, Binding(key));
     StartLoader();
+    OpenSheet(HotkeysTab);
+    Loader("--disable --enable");
+    Set(DesktopOneRow, "ctrl+shift+F11", "Ctrl + Shift + F11");
+    Press(ApplyButton);
+    Set(DesktopOneRow, "ctrl+shift+F4", "Ctrl + Shift + F4", "Next desktop");
+    EXPECT_TRUE(DesktopBecomes(0));
+    OpenSheet(WindowsTab);
+    TapKey("ctrl+shift+F4");
+    EXPECT_TRUE(DesktopBecomes(1));
+    OpenSheet(HotkeysTab);
+    Set(DefaultRow, "Delete", "None");
+    Press(IDCANCEL);
     const Sample typed = OpenFrame("Typed into", "--at 200,100,500,450");
-    ASSERT_TRUE(WindowsBecome(0, 1));
+    ASSERT_TRUE(WindowsBecome(1, 1));
     ASSERT_TRUE(BringToFront(typed.window));
     // The rings around the cursor invert what they find, so that nothing may be painted any more.
     MoveMouse({410, 310});
@@ -128,7 +101,7 @@ TEST_F(HotkeysTest, RunTheirActionsWhileAnotherProgramHasTheFocus) {
     EXPECT_TRUE(Eventually([&] { return around() != before; })) << "no ring was seen";
     EXPECT_TRUE(Eventually([&] { return around() == before; })) << "pixels were left behind";
     Assign(typed.window, published::AllDesktops);
-    const std::pair<const char*, int> presses[] = {{"F4", 1}, {"F4", 2}, {"F4", 0}, {"F5", 2}, {"F6", 0}, {"F7", 2}};
+    const std::pair<const char*, int> presses[] = {{"F4", 2}, {"F4", 0}, {"F5", 2}, {"F6", 0}, {"F7", 2}};
     for (const auto& [key, desktop] : presses) {
         TapKey(std::string("ctrl+shift+") + key);
         ASSERT_TRUE(DesktopBecomes(desktop)) << "after " << key;
@@ -140,9 +113,7 @@ TEST_F(HotkeysTest, RunTheirActionsWhileAnotherProgramHasTheFocus) {
     // With desktops off the switches do nothing, the others work.
     WriteNumber(published::ProductKey, "MultiDesk", 0);
     AskServer(published::Restart, 1);
-    ASSERT_TRUE(DesktopBecomes(0));
-    TapKey("ctrl+shift+F4");
-    TapKey("ctrl+shift+F2");
+    TapKey("ctrl+shift+F4 ctrl+shift+F2");
     EXPECT_TRUE(Eventually([&] { return SheetWindow() != nullptr; })) << "the dialog doesn't open";
     EXPECT_TRUE(DesktopBecomes(0));
 }

@@ -1,9 +1,9 @@
 #include "hook/class_rules.h"
+#include "hook/event_geometry.h"
+#include "support/rect_values.h"
 
 #include <gtest/gtest.h>
 
-#include <cctype>
-#include <iterator>
 #include <span>
 #include <string>
 
@@ -69,13 +69,24 @@ TEST(ClassRules, Remembered) {
     ExpectAll(Qualifies, false, Others);
 }
 
+// clang-format on
 TEST(ClassRules, NamesOfTheFrameworkAreCutAtTheirLastColon) {
-    for (const auto& [name, expected] : {std::pair("Afx:400000:8", "Afx:400000"), std::pair("Afx", "Afx"), std::pair("A:b", "A:b")}) {
+    for (const auto& [name, expected] : {std::pair("Afx:400000:8", "Afx:400000"), std::pair("A:b", "A:b")}) {
         char text[32] = {};
         std::string(name).copy(text, sizeof(text) - 1);
         NormaliseClassName(text);
         EXPECT_STREQ(text, expected);
     }
+}
+
+TEST(KeepInside, GivesTheNearestPlace) {
+    constexpr std::pair<RECT, POINT> Cases[] = {{{-400, 300, -300, 400}, {-400, 300}},
+                                                {{-401, 301, -301, 401}, {-400, 300}},
+                                                {{9, 9, 109, 109}, {-100, 100}},
+                                                // Of what is too large, the far edges meet.
+                                                {{-500, 0, 1, 500}, {-501, -100}}};
+    for (const auto& [popup, corner] : Cases)
+        EXPECT_EQ(corner, KeepInside(popup, {-400, 100, 0, 400}));
 }
 
 }  // namespace
