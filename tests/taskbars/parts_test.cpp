@@ -1,4 +1,4 @@
-// In the test's own process: displays that only pretend to be one, icons, forged messages to a bar and its toolbar, and
+// In the test's own process: icons, forged messages to a bar and its toolbar, and
 // the hook's answers.
 #include "displays/displays.h"
 #include "process/shared_section.h"
@@ -26,57 +26,23 @@ LPARAM AddressOf(Value& value) {
     return reinterpret_cast<LPARAM>(&value);
 }
 
-LONG pseudoLeft = -1;  // the left edge of the display that a mirror driver made up
-
-BOOL WINAPI Tell(HMONITOR display, MONITORINFO* info) {
-    const BOOL known = GetMonitorInfoA(display, info);
-    if (info->cbSize == sizeof(MONITORINFOEXA) && info->rcMonitor.left == pseudoLeft)
-        std::strcpy(static_cast<MONITORINFOEXA*>(info)->szDevice, "\\\\.\\DISPLAYV1");
-    return known;
-}
-
 // Two displays, of which the first one has the shell's bar.
 class BarsTest : public testing::Test {
 protected:
     void SetUp() override {
-        profile.getMonitorInfo = Tell;
         settings.SetTaskbarsEnable(true);
         SetHooksInstalled(true);
         CreateServerWindow(ServerWndProc);
-        TakeAsPseudo(-1);
+        RefreshDisplays();
+        SyncDisplays();
     }
     void TearDown() override {
         DestroyAllTaskbars();
         test::Eventually([] { return true; });  // hands out what waits
         DestroyServerWindow();
     }
-    static void TakeAsPseudo(LONG left) {
-        pseudoLeft = left;
-        RefreshDisplays();
-        SyncDisplays();
-    }
     test::KeptState kept;
 };
-
-TEST_F(BarsTest, GoWithTheirDisplaysAndAreFreedOnce) {
-    ASSERT_EQ(TaskbarCount(), 1U);
-    SecondaryTaskbar* gone = &TaskbarAt(0);
-    HWND window = gone->window;
-    EXPECT_EQ(gone->displayIndex, 2U);
-    TakeAsPseudo(1024);
-    EXPECT_EQ(TaskbarCount(), 0U);
-    EXPECT_FALSE(IsWindow(window));
-    test::Eventually([] { return true; });
-    // One that is free already, none at all, and a live one.
-    for (const LPARAM bar : {reinterpret_cast<LPARAM>(gone), LPARAM{0x1234}})
-        DeleteRetiredTaskbar(bar);
-    // Pseudo displays have no number either.
-    TakeAsPseudo(0);
-    ASSERT_EQ(TaskbarCount(), 1U);
-    EXPECT_EQ(TaskbarAt(0).displayIndex, 1U);
-    DeleteRetiredTaskbar(AddressOf(TaskbarAt(0)));
-    EXPECT_TRUE(IsWindow(TaskbarAt(0).window));
-}
 
 TEST_F(BarsTest, ButtonsGetIconsAndWindowsGoToThem) {
     SecondaryTaskbar& bar = TaskbarAt(0);
@@ -123,6 +89,8 @@ TEST_F(BarsTest, BelieveNoAddressFromOutside) {
     SendMessageA(bar.window, WM_CLOSE, 0, 0);
     EXPECT_EQ(rect, (RECT{7, 7, 7, 7}));
     EXPECT_EQ(entry.idCommand, 0);
+    for (const LPARAM forged : {AddressOf(rect), AddressOf(bar)})
+        DeleteRetiredTaskbar(forged);
     EXPECT_EQ(AskToolbar(bar.toolbar, TB_BUTTONCOUNT, 0, 0), 1);
 }
 
