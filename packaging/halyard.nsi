@@ -79,7 +79,12 @@ VIAddVersionKey LegalCopyright ""
 !macroend
 
 Function .onInit
+    ; Set by /D alone, and overwritten by the next line.
+    StrCpy $2 $INSTDIR
     !insertmacro MULTIUSER_INIT
+    ${If} $2 != ""
+        StrCpy $INSTDIR $2
+    ${EndIf}
     ReadRegStr $0 SHCTX "${UNINSTALL_KEY}" "DisplayVersion"
     ${If} $0 != ""
         ${VersionCompare} $0 "${VERSION}" $1

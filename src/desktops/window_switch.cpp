@@ -37,8 +37,10 @@ HWND WindowOf(WindowKey key) noexcept {
     return HandleFromBits<HWND>(key);
 }
 
+// Wine gives the foreground to the desktop's own window when X has taken the focus from a program: no key comes then.
 WindowKey Foreground() noexcept {
-    return HandleBits(GetForegroundWindow());
+    HWND window = GetForegroundWindow();
+    return window == GetDesktopWindow() ? 0 : HandleBits(window);
 }
 
 DesktopOrder* OrderOf(DesktopId desktop) noexcept {
@@ -223,7 +225,8 @@ void CarryOut(DesktopId left) noexcept {
 
 void Work(DesktopId left) noexcept {
     assert(OnServerThread());
-    if (windowDesktopMap.Count() == 0) return;
+    // A desktop that is switched to needs the keyboard, even where there are no windows at all.
+    if (windowDesktopMap.Count() == 0 && left == CurrentDesktopId()) return;
     changedMeanwhile = true;
     if (working) return;
     working = true;
