@@ -7,7 +7,6 @@ namespace halyard::test {
 namespace {
 
 constexpr char ActiveDesktopClass[] = "{75048700-EF1F-11D0-9888-006097DEACF9}";
-constexpr char ControlPanelKey[] = "Control Panel\\Desktop";
 
 using Background = std::pair<std::string, DWORD>;  // wallpaper and style
 
@@ -85,25 +84,6 @@ TEST_F(BackgroundTest, GoesWithItsDesktop) {
     EXPECT_EQ(Shown(), OnePicture) << "the end brings the default desktop's";
     EXPECT_EQ(Colour(), defaultColour);
     EXPECT_EQ(NumberOr(DesktopKey(0), "Colour", 99), 99u) << "the default desktop is not stored";
-}
-
-TEST_F(BackgroundTest, ThatTheShellConvertedIsLookedUpInTheRegistry) {
-    constexpr struct {
-        const char* reported;
-        const char* converted;
-        const char* stored;
-    } Cases[] = {{"C:\\data\\Wallpaper1.bmp", nullptr, "C:\\a.bmp"},
-                 {"C:\\data\\Wallpaper1.bmp", "C:\\b.jpg", "C:\\b.jpg"},
-                 {"C:\\data\\other.bmp", "C:\\b.jpg", "C:\\data\\other.bmp"}};
-    StartLoader();
-    WriteText(ControlPanelKey, "Wallpaper", "C:\\a.bmp");
-    for (const auto& [reported, converted, stored] : Cases) {
-        Switch(1);
-        Choose({reported, 0});
-        if (converted) WriteText(ControlPanelKey, "ConvertedWallpaper", converted);
-        Switch(0);
-        EXPECT_EQ(TextOf(DesktopKey(1), "Wallpaper"), stored) << "reported " << reported;
-    }
 }
 
 TEST_F(BackgroundTest, IsOnlyAColourWhereTheShellsObjectCantBeMade) {

@@ -3,8 +3,6 @@
 #include "support/rect_values.h"
 #include "support/store_fixture.h"
 
-#include <atomic>
-#include <thread>
 #include <vector>
 
 namespace halyard::test {
@@ -67,25 +65,6 @@ TEST_F(DisplaysTest, FollowsThePlatform) {
     RefreshDisplays();
     EXPECT_EQ(11u, taken) << "the enumeration is told to stop";
     EXPECT_EQ(10u, CurrentDisplays().count);
-}
-
-TEST_F(DisplaysTest, IsReadWholeBesideARefresh) {
-    std::atomic<bool> ended = false;
-    std::thread writer([&] {
-        for (unsigned turn = 0; turn < 2000; ++turn) {
-            shown.resize(turn % 2 ? 1 : all.size(), all.back());
-            RefreshDisplays();
-        }
-        ended = true;
-    });
-    unsigned torn = 0;
-    const RECT alone = AreaOf(all[0]);
-    while (!ended) {
-        const DisplaySet set = CurrentDisplays();
-        torn += !(set.count == 1 ? set.workBounds == alone : set.count == all.size() && set.workBounds == bounds);
-    }
-    writer.join();
-    EXPECT_EQ(0u, torn);
 }
 
 }  // namespace

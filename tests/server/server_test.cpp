@@ -78,20 +78,6 @@ TEST_F(ServerTest, StatesFollowFromEachOther) {
     EXPECT_EQ(before, CallWndProcRetHook()) << "enabled already";
 }
 
-TEST_F(ServerTest, StartsAfterOneThatWasKilledAndWhoseHandlesMayBeInUseAgain) {
-    const TestWindow reused(WindowForm{.style = WS_POPUP});
-    SetServerWindow(reused.get());
-    SetHooksInstalled(true);
-    SetCallWndProcRetHook(HandleFromBits<HHOOK>(0x7FFF0001));
-    SetGetMessageHook(HandleFromBits<HHOOK>(0x7FFF0002));
-    SetCurrentDesktopId(3);
-    ServerInit();
-    EXPECT_EQ("window 9", State());
-    EXPECT_EQ(DefaultDesktopId, CurrentDesktopId());
-    ServerUninit();
-    EXPECT_TRUE(IsWindow(reused.get()));
-}
-
 TEST_F(ServerTest, CarriesOutAfterASwitchWhatComesInTheMiddleOfIt) {
     ServerInit();
     for (const DesktopId id : {1u, 3u})

@@ -33,10 +33,7 @@ TEST_F(SettingsTest, FallToTheirDefaultsAloneWhereTheyAreDamaged) {
         std::string bytes;
     } damages[] = {
         {"text", REG_SZ, std::string("1", 2)},
-        {"bytes of the right size", REG_BINARY, std::string("\1\0\0\0", 4)},
-        {"nothing", REG_DWORD, ""},
         {"half a number", REG_DWORD, std::string("\1\0", 2)},
-        {"more than a number", REG_DWORD, std::string("\1\0\0\0\0", 5)},
         {"much more than a number", REG_DWORD, std::string(5000, '\1')},
     };
     const struct {
