@@ -27,7 +27,8 @@ protected:
     // collapsed is on its display as well.
     static HWND BarOn(unsigned display);
     static std::vector<unsigned> DisplaysWithBars();
-    // The buttons' texts from left to right; the checked one with a "*" before it, one that flashes with a "!", a separator as "|".
+    // The buttons' texts from left to right; the checked one with a "*" before it, one that flashes with a "!"; a
+    // separator as "|".
     static Titles ButtonsOn(unsigned display);
     static testing::AssertionResult Shows(unsigned display, const Titles& wanted);
     // The same of the primary bar, without marks.
