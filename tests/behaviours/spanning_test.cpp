@@ -24,13 +24,12 @@ void ClickButton(HWND window) {
            CaptionOf(window).y});
 }
 
-// What the user does to maximise and to restore: the menu, a double-click, the button; and commands of another program.
+// What the user does to maximise and to restore: the menu, a double-click, the button. Commands of another program
+// come where the displays change.
 using Way = std::pair<void (*)(HWND window), void (*)(HWND window)>;
 const Way Ways[] = {{[](HWND window) { UseMenuKey(window, "x"); }, [](HWND window) { UseMenuKey(window, "r"); }},
                     {DoubleClickCaption, DoubleClickCaption},
-                    {ClickButton, ClickButton},
-                    {[](HWND window) { PostMessageA(window, WM_SYSCOMMAND, SC_MAXIMIZE, 0); },
-                     [](HWND window) { PostMessageA(window, WM_SYSCOMMAND, SC_RESTORE, 0); }}};
+                    {ClickButton, ClickButton}};
 
 class SpanningTest : public BehaviourTest {
 protected:

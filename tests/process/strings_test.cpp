@@ -14,7 +14,7 @@ TEST_F(SystemVersion, Current) {
     EXPECT_TRUE(profile.isNtFamily && !profile.isWindows2000);
     EXPECT_TRUE(profile.enumDisplayMonitors && profile.getMonitorInfo && profile.monitorFromWindow &&
                 profile.monitorFromRect);
-    EXPECT_FALSE(IsAlternativeBrand()) << "another way to the driver";
+    EXPECT_FALSE(IsAlternativeBrand());
 }
 
 TEST_F(SystemVersion, Windows_win2k) {
