@@ -38,8 +38,8 @@ TEST(PublishedMap, HoldsWhatWasPutInAndNotRemoved) {
         for (std::uint32_t any = 1; any <= Last; ++any)
             if (std::uintptr_t value = 0; map.Find(any, value)) found[any] = value;
         map.ForEach([&](std::uint32_t visitedKey, std::uintptr_t value) { visited[visitedKey] += value; });
-        ASSERT_EQ(found, model) << "after step " << step;
-        ASSERT_EQ(visited, model) << "after step " << step;
+        ASSERT_EQ(found, model);
+        ASSERT_EQ(visited, model);
     }
 }
 
