@@ -34,8 +34,7 @@ TEST_F(SettingsTest, FallToTheirDefaultsAloneWhereTheyAreDamaged) {
     } damages[] = {
         {"text", REG_SZ, std::string("1", 2)},
         {"bytes of the right size", REG_BINARY, std::string("\1\0\0\0", 4)},
-        {"nothing", REG_DWORD, ""},
-        {"half a number", REG_DWORD, std::string("\1\0", 2)},
+        {"less than a number", REG_DWORD, std::string("\1\0\0", 3)},
         {"more than a number", REG_DWORD, std::string("\1\0\0\0\0", 5)},
         {"much more than a number", REG_DWORD, std::string(5000, '\1')},
     };
@@ -47,7 +46,6 @@ TEST_F(SettingsTest, FallToTheirDefaultsAloneWhereTheyAreDamaged) {
         {Product, "DragTransPerCent", [] { return settings.DragTransPerCent() == 75; }},
         {Product, "Autodock", [] { return !settings.Autodock() && settings.DragTransPerCent() == 1; }},
         {Product, "Width_2", [] { return ReadIndexedValue(2, "Width", 44) == 44; }},
-        {Own(), "Autodock", [] { return !settings.AppAutodockSet(); }},
         {Own(), "Excluded", [] { return !IsExcluded(); }},
     };
     for (const auto& [key, value, isDefault] : values)
