@@ -28,21 +28,17 @@ Commands Parse(std::string text) {
     return commands;
 }
 
-std::string Repeated(std::size_t times) {
-    std::string text;
-    while (times-- > 0)
-        text += "--status|";
-    return text;
-}
-
 TEST(CommandLine, IsReadInOrderOrRefused) {
     using enum Action;
+    std::string most;
+    for (std::size_t index = 0; index < MaxCommands; ++index)
+        most += "--status|";
     const std::pair<std::string, Commands> Good[] = {
         {"", {}},
         {"--enable|--quit|--disable|--status|", {{Enable, 0}, {Quit, 0}, {Disable, 0}, {Status, 0}}},
         {"--switch|0|--config|--switch|999999999|", {{Switch, 0}, {Config, 0}, {Switch, 999999999}}},
         {"--config|3|--switch|000000007|--config|", {{Config, 3}, {Switch, 7}, {Config, 0}}},
-        {Repeated(MaxCommands), Commands(MaxCommands, {Status, 0})}};
+        {most, Commands(MaxCommands, {Status, 0})}};
     for (const auto& [arguments, commands] : Good)
         EXPECT_EQ(Parse(arguments), commands) << arguments;
     // clang-format off
@@ -50,7 +46,7 @@ TEST(CommandLine, IsReadInOrderOrRefused) {
         "status|", "-status|", "--Status|", "--status |", "--statu|", "--|", "--status|5|", "--quit|--no-such|",
         "--switch|", "--switch|--status|", "--switch||", "--switch|-1|", "--switch|+1|", "--switch| 1|", "--switch|1a|",
         "--switch|1000000000|", "--switch|1|2|", "--switch=1|", "--config|windows|", "--config||", "--config|1|1|",
-        Repeated(MaxCommands + 1)};
+        most + "--status|"};
     // clang-format on
     for (const std::string& arguments : Refused)
         EXPECT_EQ(Parse(arguments), NotGood) << arguments;

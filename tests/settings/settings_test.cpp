@@ -40,7 +40,6 @@ TEST_F(SettingsTest, FallToTheirDefaultsAloneWhereTheyAreDamaged) {
         {Product, "DragTransPerCent", [] { return settings.DragTransPerCent() == 75; }},
         {Product, "Autodock", [] { return !settings.Autodock() && settings.DragTransPerCent() == 1; }},
         {Product, "Width_2", [] { return ReadIndexedValue(2, "Width", 44) == 44; }},
-        {Own(), "Autodock", [] { return !settings.AppAutodockSet(); }},
         {Own(), "Excluded", [] { return !IsExcluded(); }},
     };
     for (const auto& [key, value, isDefault] : values)
