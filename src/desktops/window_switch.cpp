@@ -304,14 +304,11 @@ void NoteFollowed(HWND window, bool shown) noexcept {
 
 void CheckKeyboard() noexcept {
     HWND front = GetForegroundWindow();
-    const bool lost = front == GetDesktopWindow();
-    if (working || awaitedFront || (front && !lost && IsWindowVisible(front) && !IsIconic(front))) return;
+    if (working || awaitedFront || (front && IsWindowVisible(front) && !IsIconic(front))) return;
     Plan plan;
     plan.windows = SeeWindows();
     plan.order = WantedOrder(WindowsOn(CurrentDesktopId(), plan.windows), KeyRow());
     plan.front = ChooseFront(plan.windows, plan.order, 0);
-    // On Wine the user may also have gone on to a program that isn't Wine's.
-    if (lost && plan.front) return;
     TakeKeyboard();
     ShowWindows(plan);
     LowerKeeper();
