@@ -180,7 +180,7 @@ TEST_F(PagesTest, OneSheetWhereItIsAskedFor) {
     }));
     TapKey("space");
     Loader("--quit");
-    EXPECT_TRUE(loader->Ends(WaitLimit)) << "the server's end closes what is open";
+    EXPECT_TRUE(loader->Ends(2500)) << "the server's end closes what is open";
 }
 
 }  // namespace

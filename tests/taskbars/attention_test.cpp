@@ -31,6 +31,14 @@ TEST_F(AttentionTest, ButtonsFlashUntilTheirWindowHasIt) {
     EXPECT_EQ(GetForegroundWindow(), asking.window);
     Switch(0);
     EXPECT_TRUE(Shows(2, {"*Front"}));
+
+    // Whoever comes by another road has answered it too.
+    Ask(asking.window, sample::AskAttention);
+    EXPECT_TRUE(Shows(2, {"*Front", "!Asking"}));
+    Switch(1);
+    EXPECT_TRUE(BringToFront(asking.window));
+    Switch(0);
+    EXPECT_TRUE(Shows(2, {"*Front"}));
 }
 
 }  // namespace
