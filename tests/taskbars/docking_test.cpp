@@ -63,6 +63,7 @@ TEST_F(DockingTest, TheMenuDoesAndStoresWhatItSays) {
     DragBar({1500, 100}, AtBottom);
     Choose(2, LockItem);
     EXPECT_TRUE(BecomesStored("TaskbarLocked_2", 0));
+    ASSERT_TRUE(BringToFront(BarOn(2)));
     Choose(2, CloseItem);
     EXPECT_TRUE(BarBecomes(2, {}));
     EXPECT_EQ(Stored("TaskbarsEnable"), 1U);
