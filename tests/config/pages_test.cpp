@@ -158,6 +158,11 @@ TEST_F(PagesTest, WhoMayNotChangeAnythingSeesAndUsesIt) {
     EXPECT_TRUE(Becomes(IDC_MULTI_DESK, false) && Becomes(IDC_DESKTOP_LIST, true));
     Press(IDOK);
     EXPECT_EQ(Status("desktop 5"), "\"Five\", 0 windows");
+    QuitLoader();
+    ASSERT_TRUE(Eventually([] { return !Server(); }));
+    StartLoader();
+    OpenSheet(DesktopsTab);
+    EXPECT_TRUE(Becomes(IDC_MULTI_DESK, true)) << "an administrator may";
     DeleteKey(published::ProductKey, HKEY_LOCAL_MACHINE);
 }
 
