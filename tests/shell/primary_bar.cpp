@@ -162,7 +162,8 @@ void PrimaryBar::LookAtWindows() {
         const std::string title = TitleOf(task);
         const auto [seen, isNew] = known.try_emplace(task, title);
         if (isNew) Say(HSHELL_WINDOWCREATED, task);
-        if (seen->second != title) Say(HSHELL_REDRAW, task);
+        // A new one may have changed its title between two looks.
+        if (isNew || seen->second != title) Say(HSHELL_REDRAW, task);
         seen->second = title;
     }
     // With the flag that a shell may add to any event.

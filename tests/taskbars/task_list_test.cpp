@@ -95,7 +95,7 @@ TEST_F(TaskListTest, AllTasksAreOnAllBarsInTheOrderOfThePrimaryOneUntilTheSheetS
     ASSERT_EQ(bars.size(), 2U);
     for (const unsigned display : bars)
         EXPECT_TRUE(Shows(display, {"A", "B", "C"})) << display;
-    OpenAt("D", OnFirst);
+    SetWindowTextA(OpenAt("New", OnFirst).window, "D");
     for (const unsigned display : bars)
         EXPECT_TRUE(Shows(display, {"A", "B", "C", "*D"})) << display;
 
