@@ -1,5 +1,7 @@
 #include "config/page_rules.h"
 
+#include "process/protocol.h"
+
 #include <gtest/gtest.h>
 
 namespace halyard {
@@ -20,6 +22,17 @@ TEST(PageRules, ADisplayThatIsAwayForAWhileIsNotForgotten) {
     }
     for (const int row : {-1, 5, RowOfDialogChoice({3, 0xFFFFFFFF})})
         EXPECT_EQ(DialogChoiceOfRow(row, 2).control, 0u) << row;
+}
+
+TEST(PageRules, TheHooksAndTheUserDecideWhatIsLive) {
+    const DesktopsPageEnables out = EnablesOfDesktopsPage({true, false}, true);
+    EXPECT_TRUE(!out.multiDesk && !out.list && !out.add);
+    const DesktopsPageEnables off = EnablesOfDesktopsPage({true, true}, false);
+    EXPECT_TRUE(off.multiDesk && !off.list && !off.add);
+    const DesktopButtons unsaved = ButtonsOfDesktop({true, true}, true, true, UnsavedDesktopId, 0);
+    EXPECT_TRUE(unsaved.remove && !unsaved.activate && !unsaved.wallpaper);
+    EXPECT_EQ(ActionColumnWidth(300, 1033), 198);
+    EXPECT_EQ(ActionColumnWidth(300, 1040), 165) << "Italian";
 }
 
 }  // namespace

@@ -9,6 +9,7 @@ namespace {
 TEST(HotkeyBinding, StoredBytesThatAreNoBindingGiveNone) {
     const BYTE stored[9] = {1, 0, 200, 0, 0x74, 0, 0, 0, 0};
     EXPECT_TRUE(IsSameBinding(DecodeBinding(stored, 8), {1, 0, 1, 0, 0x74}));
+    EXPECT_FALSE(HasModifier({}));
     EXPECT_EQ(RegistrationModifiers({1, 0, 0, 1, 65}), 9u);
     for (const std::size_t size : {0u, 4u, 7u, 9u})
         EXPECT_TRUE(IsSameBinding(DecodeBinding(stored, size), {})) << size;
@@ -25,6 +26,8 @@ TEST(HotkeyBinding, BackspaceAndDeleteAloneClear) {
             EXPECT_FALSE(ClearsBinding(binding));
     }
     EXPECT_FALSE(ClearsBinding({0, 0, 0, 0, 65}));
+    for (const DWORD nameless : {0, 35, 41, 65, 123, 136})
+        EXPECT_EQ(KeyNameId(nameless), 0u) << nameless;
 }
 
 }  // namespace
